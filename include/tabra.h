@@ -1,0 +1,11 @@
+/* Tabra: the whole public interface. */
+#ifndef TABRA_H
+#define TABRA_H
+
+#include "tabra_base.h"
+#include "ostrel.h"
+#include "tabra_window.h"
+#include "tabra_script.h"
+#include "tabra_connection.h"
+
+#endif
