@@ -1,0 +1,48 @@
+// Loading resource script files.
+#include "platform/resources/resource_script_file.h"
+
+#include "platform/resources/resource_script_parser.h"
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+namespace tabra::platform {
+
+std::optional<std::string> readWholeFile(const std::string &path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return std::nullopt;
+    std::ostringstream content;
+    content << file.rdbuf();
+    if (file.bad()) return std::nullopt;
+    return std::move(content).str();
+}
+
+std::unique_ptr<ResourceModule> readResourceScriptFile(const std::string &path, std::string &error) {
+    std::optional<std::string> script = readWholeFile(path);
+    if (!script) {
+        error = path + ": cannot be read";
+        return nullptr;
+    }
+    ResourceScriptParse parsed = parseResourceScript(*script, path);
+    if (!parsed.tables) {
+        error = std::move(parsed.error);
+        return nullptr;
+    }
+    auto module = std::make_unique<ResourceModule>();
+    module->path = path;
+    module->tables = std::move(*parsed.tables);
+    return module;
+}
+
+HMODULE loadResourceScriptFile(const std::string &path) {
+    std::string error;
+    std::unique_ptr<ResourceModule> module = readResourceScriptFile(path, error);
+    if (!module) {
+        std::fprintf(stderr, "tabra: resource library not loaded: %s\n", error.c_str());
+        return nullptr;
+    }
+    return adoptResourceModule(std::move(module));
+}
+
+} // namespace tabra::platform

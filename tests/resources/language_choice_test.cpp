@@ -1,0 +1,250 @@
+// Choosing the resource language and finding the resource library in the language
+// folders: the names tried, their order, and what happens when nothing is there.
+#include "ostrel_lts.h"
+#include "platform/resources/language_choice.h"
+#include "platform/resources/library_image.h"
+#include "platform/resources/locale_names.h"
+#include "platform/resources/resource_library_loader.h"
+#include "platform/resources/resource_module.h"
+#include "resource_test_support.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using tabra::platform::chooseLanguageNames;
+using tabra::platform::LanguageEnvironment;
+using tabra::platform::LanguageNames;
+using tabra::platform::loadResourceLibraryFrom;
+using tabra::platform::ResourceLibraryLoad;
+using tabra::test::scriptWithString;
+using tabra::test::TemporaryTree;
+
+namespace {
+
+LanguageEnvironment zul(const char *value) { return {value, std::nullopt, std::nullopt, std::nullopt}; }
+LanguageEnvironment posix(std::optional<std::string> lcAll, std::optional<std::string> lcMessages,
+                          std::optional<std::string> lang) {
+    return {std::nullopt, std::move(lcAll), std::move(lcMessages), std::move(lang)};
+}
+
+void expectNames(const LanguageEnvironment &environment, const std::string &localeName, const std::string &shortName) {
+    LanguageNames names = chooseLanguageNames(environment);
+    EXPECT_EQ(names.localeName, localeName);
+    EXPECT_EQ(names.shortName, shortName);
+}
+
+// The text of string 1 in a loaded library (which folder it came from).
+std::u16string marker(HMODULE module) {
+    char16_t text[64] = {};
+    LoadStringW(module, 1, text, 64);
+    return text;
+}
+
+// Loads from a tree, recording every missing-file report.
+struct RecordedLoad {
+    ResourceLibraryLoad load;
+    std::vector<std::string> reports;
+};
+
+RecordedLoad loadFrom(const TemporaryTree &tree, const LanguageNames &names) {
+    RecordedLoad recorded;
+    recorded.load = loadResourceLibraryFrom(tree.directory(), names, "tabraRes.rc",
+                                            [&](const std::string &path) { recorded.reports.push_back(path); });
+    return recorded;
+}
+
+// Frees what a test loaded.
+struct LoadedLibrary {
+    explicit LoadedLibrary(HMODULE module) : module(module) {}
+    ~LoadedLibrary() { Ostrel_FreeResourceLibrary(module); }
+    HMODULE module;
+};
+
+} // namespace
+
+TEST(LanguageChoice, ZulLanguageNamesTheFolderAndItsLanguage) {
+    expectNames(zul("de"), "de", "de");
+    expectNames(zul("fr-FR"), "fr-FR", "fr");
+    expectNames(zul("DE-at"), "DE-at", "de"); // the value stands as it is; the language is canonical
+    expectNames(zul("pt_BR"), "pt_BR", "pt");
+    expectNames(zul("zh-Hant-TW"), "zh-Hant-TW", "zh");
+}
+
+TEST(LanguageChoice, UnknownZulLanguageGoesStraightToEnglishWithAnEmptyShortName) {
+    expectNames(zul("xx-YY"), "en", "");
+    expectNames(zul("klingon"), "en", "");
+    expectNames(zul("de--DE"), "en", "");
+    expectNames(zul("de-DE.UTF-8"), "en", "");
+    expectNames(zul("de-verylongsubtag"), "en", ""); // a subtag of more than 8 characters
+    // 19 characters fit the name buffers, 20 do not.
+    expectNames(zul("de-DE-abcd-efgh-ijk"), "de-DE-abcd-efgh-ijk", "de");
+    expectNames(zul("de-DE-abcd-efgh-ijkl"), "en", "");
+}
+
+TEST(LanguageChoice, ZulLanguageWinsOverTheLocaleUnlessEmpty) {
+    expectNames({"fr", "de_DE.UTF-8", std::nullopt, std::nullopt}, "fr", "fr");
+    expectNames({"", "de_DE.UTF-8", std::nullopt, std::nullopt}, "de-DE", "de");
+}
+
+TEST(LanguageChoice, PosixLocaleGivesCanonicalLocaleNameAndLanguage) {
+    expectNames(posix(std::nullopt, std::nullopt, "de_DE.UTF-8"), "de-DE", "de");
+    expectNames(posix(std::nullopt, std::nullopt, "de_at.ISO-8859-1@euro"), "de-AT", "de");
+    expectNames(posix(std::nullopt, std::nullopt, "fr"), "fr", "fr");
+    expectNames(posix(std::nullopt, std::nullopt, "sr_RS@latin"), "sr-RS", "sr");
+}
+
+TEST(LanguageChoice, PosixPrecedenceIsLcAllThenLcMessagesThenLang) {
+    expectNames(posix("it_IT.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"), "it-IT", "it");
+    expectNames(posix(std::nullopt, "de_DE.UTF-8", "fr_FR.UTF-8"), "de-DE", "de");
+    expectNames(posix("", "", "fr_FR.UTF-8"), "fr-FR", "fr"); // empty values do not count
+}
+
+TEST(LanguageChoice, CAndPosixAndNoLocaleAtAllAreEnglish) {
+    expectNames(posix(std::nullopt, std::nullopt, std::nullopt), "en", "en");
+    expectNames(posix("C", std::nullopt, "de_DE.UTF-8"), "en", "en");
+    expectNames(posix("C.UTF-8", std::nullopt, std::nullopt), "en", "en");
+    expectNames(posix("POSIX", std::nullopt, std::nullopt), "en", "en");
+}
+
+TEST(LanguageChoice, UnknownPosixLanguageTriesEnglishThenTheDirectory) {
+    expectNames(posix(std::nullopt, std::nullopt, "xx_YY.UTF-8"), "en", "");
+    expectNames(posix(std::nullopt, std::nullopt, "de_DE_"), "en", "");
+}
+
+TEST(LocaleNames, OnlyIso639LanguagesAreKnown) {
+    EXPECT_TRUE(tabra::platform::isIso639Language("de"));
+    EXPECT_TRUE(tabra::platform::isIso639Language("zu"));
+    EXPECT_TRUE(tabra::platform::isIso639Language("aa"));
+    EXPECT_FALSE(tabra::platform::isIso639Language("xx"));
+    EXPECT_FALSE(tabra::platform::isIso639Language("DE")); // codes are lower case
+    EXPECT_FALSE(tabra::platform::isIso639Language("deu")); // ISO 639-2 is not in the table
+    EXPECT_FALSE(tabra::platform::isIso639Language("d "));
+    EXPECT_FALSE(tabra::platform::isIso639Language(""));
+    EXPECT_EQ(tabra::platform::languageOfLocaleName("EN-us"), "en");
+    EXPECT_EQ(tabra::platform::languageOfLocaleName("en-"), "");
+    EXPECT_EQ(tabra::platform::languageOfLocaleName(""), "");
+}
+
+TEST(ResourceLibraryCandidates, LocaleNameThenShortNameThenEnglish) {
+    auto candidates = tabra::platform::resourceLibraryCandidates("/opt/tabra/lib/", {"de-DE", "de"}, "tabraRes.rc");
+    EXPECT_EQ(candidates[0], "/opt/tabra/lib/de-DE/tabraRes.rc");
+    EXPECT_EQ(candidates[1], "/opt/tabra/lib/de/tabraRes.rc");
+    EXPECT_EQ(candidates[2], "/opt/tabra/lib/en/tabraRes.rc");
+    // An empty short name names the directory itself.
+    auto unknown = tabra::platform::resourceLibraryCandidates("/d/", {"en", ""}, "tabraRes.rc");
+    EXPECT_EQ(unknown[0], "/d/en/tabraRes.rc");
+    EXPECT_EQ(unknown[1], "/d//tabraRes.rc");
+    EXPECT_EQ(unknown[2], "/d/en/tabraRes.rc");
+}
+
+TEST(ResourceLibraryCandidates, DirectoryOfTheModuleKeepsItsSlash) {
+    EXPECT_EQ(tabra::platform::directoryOfModulePath("/usr/lib/x86_64-linux-gnu/libtabra.so.0"),
+              "/usr/lib/x86_64-linux-gnu/");
+    EXPECT_EQ(tabra::platform::directoryOfModulePath("/libtabra.so"), "/");
+    EXPECT_EQ(tabra::platform::directoryOfModulePath("libtabra.so"), "libtabra.so");
+}
+
+TEST(ResourceLibraryLoader, ZulLanguageDeWithDeAndEnLoadsDe) {
+    TemporaryTree tree;
+    tree.write("de/tabraRes.rc", scriptWithString(1, "de"));
+    tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
+    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("de")));
+    LoadedLibrary library(recorded.load.module);
+    ASSERT_NE(recorded.load.module, nullptr);
+    EXPECT_EQ(marker(recorded.load.module), u"de");
+    EXPECT_EQ(recorded.load.path, tree.directory() + "de/tabraRes.rc");
+    EXPECT_TRUE(recorded.reports.empty());
+}
+
+TEST(ResourceLibraryLoader, ZulLanguageFrFrWithOnlyFrLoadsTheShortName) {
+    TemporaryTree tree;
+    tree.write("fr/tabraRes.rc", scriptWithString(1, "fr"));
+    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("fr-FR")));
+    LoadedLibrary library(recorded.load.module);
+    EXPECT_EQ(marker(recorded.load.module), u"fr");
+}
+
+TEST(ResourceLibraryLoader, LocaleFolderComesBeforeTheLanguageFolder) {
+    TemporaryTree tree;
+    tree.write("fr/tabraRes.rc", scriptWithString(1, "fr"));
+    tree.write("fr-CA/tabraRes.rc", scriptWithString(1, "fr-CA"));
+    tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
+    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(posix(std::nullopt, std::nullopt, "fr_CA.UTF-8")));
+    LoadedLibrary library(recorded.load.module);
+    EXPECT_EQ(marker(recorded.load.module), u"fr-CA");
+}
+
+TEST(ResourceLibraryLoader, UnknownNameTriesEnglishThenTheDirectoryItself) {
+    LanguageNames unknown = chooseLanguageNames(zul("xx-YY"));
+    {
+        TemporaryTree tree;
+        tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
+        tree.write("tabraRes.rc", scriptWithString(1, "directory"));
+        RecordedLoad recorded = loadFrom(tree, unknown);
+        LoadedLibrary library(recorded.load.module);
+        EXPECT_EQ(marker(recorded.load.module), u"en");
+    }
+    {
+        TemporaryTree tree;
+        tree.write("tabraRes.rc", scriptWithString(1, "directory"));
+        tree.write("de/tabraRes.rc", scriptWithString(1, "de"));
+        RecordedLoad recorded = loadFrom(tree, unknown);
+        LoadedLibrary library(recorded.load.module);
+        EXPECT_EQ(marker(recorded.load.module), u"directory");
+        EXPECT_EQ(recorded.load.path, tree.directory() + "/tabraRes.rc");
+    }
+}
+
+TEST(ResourceLibraryLoader, NothingThereReportsTheEnglishPathOnceAndGivesNoLibrary) {
+    TemporaryTree tree;
+    tree.write("de/other.rc", scriptWithString(1, "de"));
+    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("de")));
+    EXPECT_EQ(recorded.load.module, nullptr);
+    EXPECT_TRUE(recorded.load.path.empty());
+    ASSERT_EQ(recorded.reports.size(), 1u);
+    EXPECT_EQ(recorded.reports[0], tree.directory() + "en/tabraRes.rc");
+}
+
+TEST(ResourceLibraryLoader, AFaultyFileIsNotPassedOverForTheNextFolder) {
+    TemporaryTree tree;
+    tree.write("de/tabraRes.rc", "STRINGTABLE\nBEGIN\n  1, \"x\", MB_MAYBE\nEND\n");
+    tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
+    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("de")));
+    EXPECT_EQ(recorded.load.module, nullptr);
+    EXPECT_EQ(recorded.load.path, tree.directory() + "de/tabraRes.rc");
+    EXPECT_TRUE(recorded.reports.empty()) << "a faulty file is not reported as missing";
+}
+
+TEST(ResourceLibraryLoader, ProcessLoaderReadsTheEnvironmentAndTheDirectoryOverride) {
+    TemporaryTree tree;
+    tree.write("de/tabraRes.rc", scriptWithString(1, "de"));
+    tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
+    tabra::test::ScopedVariable directory("TABRA_RESOURCE_DIR", tree.root().c_str()); // no trailing slash
+    {
+        tabra::test::ScopedVariable language("ZUL_LANGUAGE", "de");
+        ResourceLibraryLoad load =
+            tabra::platform::loadResourceLibrary("tabraRes.rc", tabra::platform::ownLibraryImage());
+        LoadedLibrary library(load.module);
+        EXPECT_EQ(marker(load.module), u"de");
+    }
+    {
+        tabra::test::ScopedVariable language("ZUL_LANGUAGE", nullptr);
+        tabra::test::ScopedVariable all("LC_ALL", "C.UTF-8");
+        ResourceLibraryLoad load =
+            tabra::platform::loadResourceLibrary("tabraRes.rc", tabra::platform::ownLibraryImage());
+        LoadedLibrary library(load.module);
+        EXPECT_EQ(marker(load.module), u"en");
+    }
+}
+
+TEST(ResourceLibraryLoader, WithoutOverrideTheFoldersAreBesideTheLibrary) {
+    tabra::test::ScopedVariable directory("TABRA_RESOURCE_DIR", nullptr);
+    const tabra::platform::LibraryImage *image = tabra::platform::libraryImageOf(tabra::platform::ownLibraryImage());
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->path.front(), '/') << image->path;
+    EXPECT_EQ(access(image->path.c_str(), F_OK), 0) << image->path;
+    EXPECT_EQ(tabra::platform::resourceDirectoryFor(tabra::platform::ownLibraryImage()),
+              tabra::platform::directoryOfModulePath(image->path));
+    EXPECT_EQ(tabra::platform::libraryImageOf(nullptr), nullptr);
+}

@@ -1,0 +1,185 @@
+// The resource libraries that ship with the library: they load, the languages agree
+// on every id, button set and insert, and the dialogs the code opens hold the
+// controls it drives, laid out inside their frames.
+#include "platform/resources/resource_script_file.h"
+#include "resource_test_support.h"
+#include "tabra_window_constants.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <set>
+
+using tabra::platform::ControlKind;
+using tabra::platform::ControlTemplate;
+using tabra::platform::DialogTemplate;
+using tabra::platform::ResourceModule;
+using tabra::platform::ResourceTables;
+
+namespace {
+
+// The shipped library of a language, read once per test program.
+const ResourceTables &shipped(const std::string &language) {
+    static std::map<std::string, std::unique_ptr<ResourceModule>> loaded;
+    auto &module = loaded[language];
+    if (!module) {
+        std::string path = (tabra::test::shippedResourceDirectory() / language / "tabraRes.rc").string();
+        std::string error;
+        module = tabra::platform::readResourceScriptFile(path, error);
+        if (!module) {
+            ADD_FAILURE() << error;
+            module = std::make_unique<ResourceModule>();
+        }
+    }
+    return module->tables;
+}
+
+const ControlTemplate *findControl(const DialogTemplate &dialog, int32_t id) {
+    auto found = std::find_if(dialog.controls.begin(), dialog.controls.end(),
+                              [id](const ControlTemplate &c) { return c.id == id; });
+    return found == dialog.controls.end() ? nullptr : &*found;
+}
+
+// The %1 %2 %3 inserts a text uses.
+std::multiset<std::u16string> insertsOf(const std::u16string &text) {
+    std::multiset<std::u16string> inserts;
+    for (size_t i = 0; i + 1 < text.size(); ++i)
+        if (text[i] == u'%' && text[i + 1] >= u'1' && text[i + 1] <= u'9') inserts.insert(text.substr(i, 2));
+    return inserts;
+}
+
+bool isPushButton(const ControlTemplate *c) { return c != nullptr && c->kind == ControlKind::PushButton; }
+bool isEdit(const ControlTemplate *c, uint32_t requiredStyle = 0) {
+    return c != nullptr && c->kind == ControlKind::Edit && (c->style & requiredStyle) == requiredStyle;
+}
+
+} // namespace
+
+class ShippedLanguage : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(ShippedLanguage, LoadsAndHoldsEveryMessageTheLibraryShows) {
+    const ResourceTables &tables = shipped(GetParam());
+    ASSERT_FALSE(tables.strings.empty());
+    for (int32_t id : {2900, 1600, 1601, 1602, 1606, 1607, 1608, 1613, 1614, 1615, 1617, 1618, 1700, 1702, 1703, 1704}) {
+        auto found = tables.strings.find(id);
+        ASSERT_NE(found, tables.strings.end()) << "string " << id;
+        EXPECT_FALSE(found->second.text.empty()) << "string " << id;
+    }
+    // Messages that take an insert keep it: the caller passes a name for these.
+    for (int32_t id : {1615, 1617, 1618, 1700, 1702, 1703})
+        EXPECT_EQ(insertsOf(tables.strings.at(id).text).count(u"%1"), 1u) << "string " << id;
+}
+
+TEST_P(ShippedLanguage, QuestionsOfferTheAnswersTheCallersActOn) {
+    const ResourceTables &tables = shipped(GetParam());
+    for (int32_t id : {1700, 1702, 1704}) {
+        uint32_t style = tables.strings.at(id).messageBoxStyle;
+        EXPECT_EQ(style & MB_TYPEMASK, MB_YESNO) << "string " << id;
+        EXPECT_EQ(style & MB_ICONMASK, MB_ICONQUESTION) << "string " << id;
+    }
+    // Deleting columns: No skips one column, Cancel ends the whole action.
+    EXPECT_EQ(tables.strings.at(1703).messageBoxStyle & MB_TYPEMASK, MB_YESNOCANCEL);
+    EXPECT_EQ(tables.strings.at(1703).messageBoxStyle & MB_ICONMASK, MB_ICONQUESTION);
+    for (int32_t id : {1600, 1607, 1608, 1615})
+        EXPECT_EQ(tables.strings.at(id).messageBoxStyle & MB_TYPEMASK, MB_OK) << "string " << id;
+}
+
+TEST_P(ShippedLanguage, OdbcErrorDialogHoldsItsFields) {
+    const ResourceTables &tables = shipped(GetParam());
+    ASSERT_EQ(tables.dialogs.count(10025), 1u);
+    const DialogTemplate &dialog = tables.dialogs.at(10025);
+    for (int32_t id : {2140, 2141, 1006, 2139}) EXPECT_TRUE(isEdit(findControl(dialog, id), ES_READONLY)) << id;
+    for (int32_t id : {2144, 1014}) EXPECT_TRUE(isEdit(findControl(dialog, id), ES_MULTILINE | ES_READONLY)) << id;
+    for (int32_t id : {1003, IDOK, IDCANCEL}) EXPECT_TRUE(isPushButton(findControl(dialog, id))) << id;
+}
+
+TEST_P(ShippedLanguage, DataSourceAndSchemaDialogsHoldTheirControls) {
+    const ResourceTables &tables = shipped(GetParam());
+    const DialogTemplate &dataSource = tables.dialogs.at(103);
+    ASSERT_NE(findControl(dataSource, 1004), nullptr);
+    EXPECT_EQ(findControl(dataSource, 1004)->kind, ControlKind::ListBox);
+    EXPECT_TRUE(isEdit(findControl(dataSource, 1002)));
+    EXPECT_FALSE(findControl(dataSource, 1002)->style & ES_PASSWORD);
+    EXPECT_TRUE(isEdit(findControl(dataSource, 1003), ES_PASSWORD));
+
+    const DialogTemplate &schema = tables.dialogs.at(10056);
+    ASSERT_NE(findControl(schema, 2010), nullptr);
+    EXPECT_EQ(findControl(schema, 2010)->kind, ControlKind::ListBox);
+    EXPECT_TRUE(isEdit(findControl(schema, 2011)));
+
+    const DialogTemplate &combined = tables.dialogs.at(10060);
+    for (int32_t id : {1014, 1015, 2014}) EXPECT_TRUE(isEdit(findControl(combined, id))) << id;
+    EXPECT_TRUE(isEdit(findControl(combined, 1016), ES_PASSWORD));
+    for (int32_t id : {1145, 1147}) EXPECT_TRUE(isPushButton(findControl(combined, id))) << id;
+
+    for (const DialogTemplate *dialog : {&dataSource, &schema, &combined}) {
+        EXPECT_TRUE(isPushButton(findControl(*dialog, IDOK))) << dialog->id;
+        EXPECT_TRUE(isPushButton(findControl(*dialog, IDCANCEL))) << dialog->id;
+    }
+}
+
+TEST_P(ShippedLanguage, DialogsAreLaidOutInsideTheirFrames) {
+    for (const auto &[id, dialog] : shipped(GetParam()).dialogs) {
+        SCOPED_TRACE("dialog " + std::to_string(id));
+        int defaults = 0;
+        for (const ControlTemplate &c : dialog.controls) {
+            SCOPED_TRACE("control " + std::to_string(c.id) + " " + tabra::test::narrow(c.text));
+            EXPECT_GE(c.x, 7);
+            EXPECT_GE(c.y, 7);
+            EXPECT_LE(c.x + c.width, dialog.width - 7);
+            EXPECT_LE(c.y + c.height, dialog.height - 7);
+            if (c.kind == ControlKind::PushButton) {
+                EXPECT_EQ(c.height, 14);
+                EXPECT_GE(c.width, 50);
+                if ((c.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON) ++defaults;
+            }
+        }
+        if (dialog.childPage) continue; // pages live inside a frame that has the buttons
+        EXPECT_FALSE(dialog.caption.empty());
+        EXPECT_EQ(defaults, 1) << "one default button";
+        // OK and Cancel sit at the bottom right, Cancel last.
+        const ControlTemplate *ok = findControl(dialog, IDOK);
+        const ControlTemplate *cancel = findControl(dialog, IDCANCEL);
+        if (ok == nullptr || cancel == nullptr) continue;
+        EXPECT_EQ(cancel->x + cancel->width, dialog.width - 7);
+        EXPECT_EQ(cancel->y + cancel->height, dialog.height - 7);
+        EXPECT_EQ(ok->y, cancel->y);
+        EXPECT_LT(ok->x + ok->width, cancel->x);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, ShippedLanguage, ::testing::Values("en", "de"));
+
+TEST(ShippedTranslations, GermanHasEveryEnglishStringWithTheSameButtonsAndInserts) {
+    const ResourceTables &en = shipped("en");
+    const ResourceTables &de = shipped("de");
+    for (const auto &[id, english] : en.strings) {
+        auto german = de.strings.find(id);
+        ASSERT_NE(german, de.strings.end()) << "string " << id << " missing in de";
+        EXPECT_EQ(german->second.messageBoxStyle, english.messageBoxStyle) << "string " << id;
+        EXPECT_EQ(insertsOf(german->second.text), insertsOf(english.text)) << "string " << id;
+        if (id != 2900) {
+            EXPECT_NE(german->second.text, english.text) << "string " << id << " is not translated";
+        }
+    }
+    EXPECT_EQ(de.strings.size(), en.strings.size()) << "de holds strings en does not";
+}
+
+TEST(ShippedTranslations, GermanDialogsMatchTheEnglishControls) {
+    const ResourceTables &en = shipped("en");
+    const ResourceTables &de = shipped("de");
+    ASSERT_EQ(de.dialogs.size(), en.dialogs.size());
+    for (const auto &[id, english] : en.dialogs) {
+        ASSERT_EQ(de.dialogs.count(id), 1u) << "dialog " << id;
+        const DialogTemplate &german = de.dialogs.at(id);
+        EXPECT_NE(german.caption, english.caption) << "dialog " << id << " is not translated";
+        ASSERT_EQ(german.controls.size(), english.controls.size()) << "dialog " << id;
+        for (size_t i = 0; i < english.controls.size(); ++i) {
+            EXPECT_EQ(german.controls[i].id, english.controls[i].id) << "dialog " << id << " control " << i;
+            EXPECT_EQ(german.controls[i].kind, english.controls[i].kind) << "dialog " << id << " control " << i;
+            EXPECT_EQ(german.controls[i].style, english.controls[i].style) << "dialog " << id << " control " << i;
+        }
+    }
+}
