@@ -1,0 +1,57 @@
+// User input, as both renderers deliver it: each call does what the user's gesture
+// does in a Win32 dialog (change the control, then notify the dialog). A call answers
+// nullopt when the input was delivered, or why a user could not have done it (the
+// window is gone, disabled, hidden, read-only, of the wrong kind, the entry does not
+// exist); then nothing happened.
+#pragma once
+
+#include "tabra_base.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tabra::window::input {
+
+using Refusal = std::optional<std::string>;
+
+// A click on a button: auto check boxes toggle, auto radio buttons check themselves
+// and clear their group; BN_CLICKED follows. The button gets the focus.
+Refusal click(HWND button);
+// Ensures a check box or radio button is checked / unchecked, clicking it when needed.
+// (A radio button cannot be unchecked by the user.)
+Refusal setChecked(HWND button, bool checked);
+// The user replaced the whole text of an edit or an editable combo (EN_UPDATE and
+// EN_CHANGE / CBN_EDITUPDATE and CBN_EDITCHANGE, once). A drop-down list combo takes
+// the entry with that text instead.
+Refusal replaceText(HWND control, const std::u16string &text);
+// Characters typed at the end of an edit's or editable combo's text, one WM_CHAR each
+// (8 is backspace). Enter ('\n' or '\r') in a single-line edit presses the dialog's
+// default button instead.
+Refusal typeText(HWND control, const std::u16string &text);
+// Selects exactly these entries of a list box (one for a single-selection list),
+// combo box (one), list view or tab control (one), as a click does: LBN_SELCHANGE,
+// CBN_SELCHANGE, LVN_ITEMCHANGED per changed item, TCN_SELCHANGING/TCN_SELCHANGE.
+Refusal selectEntries(HWND control, const std::vector<int32_t> &indices);
+// Toggles one entry of a multiple-selection list box or list view.
+Refusal toggleEntry(HWND control, int32_t index);
+// A double click on an entry (-1: on no entry) of a list box (LBN_SELCHANGE,
+// LBN_DBLCLK) or list view (selection, NM_DBLCLK); on a button: BN_CLICKED twice.
+Refusal doubleClick(HWND control, int32_t index);
+// A right click on an entry (-1: on no entry) of a list view: an unselected entry
+// becomes the only selected one, then NM_RCLICK. On another control: WM_CONTEXTMENU
+// to the dialog.
+Refusal rightClick(HWND control, int32_t index);
+// The close box of a dialog (WM_CLOSE).
+Refusal closeDialog(HWND dialog);
+// The abort button of a progress indicator.
+Refusal pressAbort(HWND indicator);
+// The user moved the focus.
+Refusal focus(HWND control);
+
+// Why a user could not act on this control now (null when the control can take
+// input): gone, disabled or hidden, itself or through a parent.
+Refusal unreachable(HWND control);
+
+} // namespace tabra::window::input

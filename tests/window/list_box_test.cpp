@@ -1,0 +1,135 @@
+// List boxes: single and multiple selection, item data, sorted insertion, searching
+// (exact and by prefix, ignoring case, wrapping), and which changes notify the dialog
+// (a user's selection does, the program's does not).
+#include "window_test_support.h"
+
+using namespace tabra::test;
+
+namespace {
+
+class ListBox : public ScriptedTest {
+protected:
+    ListBox() {
+        module.add(DialogBuilder(400, u"Lists")
+                       .listBox(1004)
+                       .listBox(1005, LBS_MULTIPLESEL)
+                       .listBox(1006, LBS_SORT)
+                       .okCancel());
+        procedure = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
+            if (message == WM_INITDIALOG) {
+                for (int32_t id : {1004, 1005}) Ostrel_FillBox(GetDlgItem(dialog, id), u'\t', u"Alpha\tbeta\tGamma\tBeta");
+            }
+            if (message != WM_COMMAND) return 0;
+            commands.push_back({LOWORD(wParam), static_cast<int16_t>(HIWORD(wParam))});
+            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
+                single = Ostrel_GetBoxIndex(GetDlgItem(dialog, 1004));
+                int32_t items[8] = {};
+                auto count = SendDlgItemMessageW(dialog, 1005, LB_GETSELITEMS, 8, reinterpret_cast<LPARAM>(items));
+                multiple.assign(items, items + count);
+                EndDialog(dialog, LOWORD(wParam));
+            }
+            return 1;
+        };
+    }
+    TestModule module;
+    Procedure procedure;
+    std::vector<SeenCommand> commands;
+    int32_t single = -2;
+    std::vector<int32_t> multiple;
+};
+
+TEST_F(ListBox, SingleAndMultipleSelectionTakeDifferentMessages) {
+    HWND dialog = createModeless(module, 400, procedure);
+    HWND single = GetDlgItem(dialog, 1004);
+    HWND multi = GetDlgItem(dialog, 1005);
+    EXPECT_EQ(SendMessageW(single, LB_SETCURSEL, 2, 0), 2);
+    EXPECT_EQ(SendMessageW(single, LB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(SendMessageW(single, LB_SETSEL, TRUE, 1), LB_ERR) << "LB_SETSEL is for multiple selection";
+    EXPECT_EQ(SendMessageW(single, LB_GETSELCOUNT, 0, 0), LB_ERR);
+    EXPECT_EQ(SendMessageW(single, LB_SETCURSEL, static_cast<WPARAM>(-1), 0), LB_ERR) << "-1 clears and answers LB_ERR";
+    EXPECT_EQ(SendMessageW(single, LB_GETCURSEL, 0, 0), LB_ERR);
+    EXPECT_EQ(SendMessageW(single, LB_SETCURSEL, 9, 0), LB_ERR);
+
+    EXPECT_EQ(SendMessageW(multi, LB_SETCURSEL, 1, 0), LB_ERR) << "LB_SETCURSEL is for single selection";
+    SendMessageW(multi, LB_SETSEL, TRUE, 3);
+    SendMessageW(multi, LB_SETSEL, TRUE, 0);
+    EXPECT_EQ(SendMessageW(multi, LB_GETSELCOUNT, 0, 0), 2);
+    int32_t items[1] = {};
+    EXPECT_EQ(SendMessageW(multi, LB_GETSELITEMS, 1, reinterpret_cast<LPARAM>(items)), 1) << "bounded by the caller";
+    EXPECT_EQ(items[0], 0);
+    SendMessageW(multi, LB_SETSEL, FALSE, static_cast<LPARAM>(-1));
+    EXPECT_EQ(SendMessageW(multi, LB_GETSELCOUNT, 0, 0), 0);
+    EXPECT_TRUE(commands.empty()) << "the program's selection notifies nobody";
+    DestroyWindow(dialog);
+}
+
+TEST_F(ListBox, UserSelectionNotifiesAndDoubleClickFollows) {
+    queue("dialog 400: select 1004 \"gamma\"");
+    queue("dialog 400: select 1005 #1 #3");
+    queue("dialog 400: toggle 1005 #1");
+    queue("dialog 400: toggle 1005 \"Alpha\"");
+    queue("dialog 400: doubleclick 1004 #0");
+    queue("dialog 400: click 1");
+    EXPECT_EQ(runDialog(module, 400, procedure), IDOK);
+    EXPECT_FALSE(TabraScript_Failed()) << report();
+    EXPECT_EQ(single, 0);
+    EXPECT_EQ(multiple, (std::vector<int32_t>{0, 3}));
+    std::vector<SeenCommand> expected{{1004, LBN_SELCHANGE}, {1005, LBN_SELCHANGE}, {1005, LBN_SELCHANGE},
+                                      {1005, LBN_SELCHANGE}, {1004, LBN_SELCHANGE}, {1004, LBN_DBLCLK},
+                                      {IDOK, BN_CLICKED}};
+    EXPECT_EQ(commands, expected);
+}
+
+TEST_F(ListBox, ASingleSelectionListTakesOneEntry) {
+    queue("dialog 400: select 1004 #0 #1");
+    runDialog(module, 400, procedure);
+    EXPECT_NE(report().find("list box 1004 takes exactly one selected entry"), std::string::npos) << report();
+}
+
+TEST_F(ListBox, SearchingIgnoresCaseAndWraps) {
+    HWND dialog = createModeless(module, 400, procedure);
+    HWND list = GetDlgItem(dialog, 1004);
+    auto find = [&](uint32_t message, intptr_t start, const char16_t *text) {
+        return SendMessageW(list, message, static_cast<WPARAM>(start), reinterpret_cast<LPARAM>(text));
+    };
+    EXPECT_EQ(find(LB_FINDSTRINGEXACT, -1, u"BETA"), 1);
+    EXPECT_EQ(find(LB_FINDSTRINGEXACT, 1, u"beta"), 3) << "the search starts after the start index";
+    EXPECT_EQ(find(LB_FINDSTRINGEXACT, 3, u"beta"), 1) << "and wraps around";
+    EXPECT_EQ(find(LB_FINDSTRINGEXACT, -1, u"bet"), LB_ERR);
+    EXPECT_EQ(find(LB_FINDSTRING, -1, u"ga"), 2);
+    EXPECT_EQ(find(LB_SELECTSTRING, -1, u"al"), 0);
+    EXPECT_EQ(SendMessageW(list, LB_GETCURSEL, 0, 0), 0);
+    DestroyWindow(dialog);
+}
+
+TEST_F(ListBox, ItemDataSortingAndDeletion) {
+    HWND dialog = createModeless(module, 400, procedure);
+    HWND sorted = GetDlgItem(dialog, 1006);
+    for (const char16_t *text : {u"pear", u"Apple", u"fig", u"apple"}) SendMessageW(sorted, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    char16_t text[16];
+    std::vector<std::u16string> order;
+    for (int i = 0; i < 4; ++i) {
+        SendMessageW(sorted, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
+        order.emplace_back(text);
+    }
+    EXPECT_EQ(order, (std::vector<std::u16string>{u"Apple", u"apple", u"fig", u"pear"}));
+    EXPECT_EQ(SendMessageW(sorted, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(u"zzz")), 0) << "insertion ignores the sort";
+    EXPECT_EQ(SendMessageW(sorted, LB_INSERTSTRING, 9, reinterpret_cast<LPARAM>(u"x")), LB_ERR);
+
+    HWND list = GetDlgItem(dialog, 1004);
+    SendMessageW(list, LB_SETITEMDATA, 2, 4711);
+    EXPECT_EQ(SendMessageW(list, LB_GETITEMDATA, 2, 0), 4711);
+    EXPECT_EQ(SendMessageW(list, LB_GETITEMDATA, 7, 0), LB_ERR);
+    SendMessageW(list, LB_SETCURSEL, 2, 0);
+    EXPECT_EQ(SendMessageW(list, LB_DELETESTRING, 0, 0), 3) << "answers the entries left";
+    EXPECT_EQ(SendMessageW(list, LB_GETCURSEL, 0, 0), 1) << "the selection moves with its entry";
+    EXPECT_EQ(SendMessageW(list, LB_GETITEMDATA, 1, 0), 4711);
+    SendMessageW(list, LB_DELETESTRING, 1, 0);
+    EXPECT_EQ(SendMessageW(list, LB_GETCURSEL, 0, 0), LB_ERR) << "deleting the selected entry clears the selection";
+    EXPECT_EQ(SendMessageW(list, LB_GETTEXTLEN, 0, 0), 4);
+    SendMessageW(list, LB_RESETCONTENT, 0, 0);
+    EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 0);
+    DestroyWindow(dialog);
+}
+
+} // namespace

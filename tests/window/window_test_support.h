@@ -1,0 +1,218 @@
+// Shared pieces of the dialog engine tests: dialog templates built in code, a resource
+// module holding them, dialog procedures made of lambdas, and a fixture that runs
+// every test on the scripted driver. (Header only: the test build compiles *_test.cpp.)
+#pragma once
+
+#include "ostrel_ui.h"
+#include "platform/resources/resource_module.h"
+#include "support/test_text.h"
+#include "platform/resources/resource_model.h"
+#include "tabra_script.h"
+#include "tabra_window.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tabra::test {
+
+// A dialog template, control by control (positions do not matter to the engine).
+class DialogBuilder {
+public:
+    explicit DialogBuilder(int32_t id, std::u16string caption = u"Dialog");
+
+    DialogBuilder &control(platform::ControlKind kind, int32_t id, std::u16string text = u"", uint32_t style = 0,
+                           uint32_t extendedStyle = 0);
+    DialogBuilder &label(std::u16string text) { return control(platform::ControlKind::Static, -1, std::move(text)); }
+    DialogBuilder &edit(int32_t id, uint32_t style = 0) { return control(platform::ControlKind::Edit, id, u"", style | WS_TABSTOP); }
+    DialogBuilder &button(int32_t id, std::u16string text, uint32_t style = BS_PUSHBUTTON) {
+        return control(platform::ControlKind::PushButton, id, std::move(text), style | WS_TABSTOP);
+    }
+    DialogBuilder &checkBox(int32_t id, uint32_t style = BS_AUTOCHECKBOX) {
+        return control(platform::ControlKind::CheckBox, id, u"Check", style | WS_TABSTOP);
+    }
+    DialogBuilder &radio(int32_t id, bool startsGroup, uint32_t style = BS_AUTORADIOBUTTON) {
+        return control(platform::ControlKind::RadioButton, id, u"Radio", style | (startsGroup ? WS_GROUP : 0u));
+    }
+    DialogBuilder &listBox(int32_t id, uint32_t style = 0) { return control(platform::ControlKind::ListBox, id, u"", style | WS_TABSTOP); }
+    DialogBuilder &comboBox(int32_t id, uint32_t style) { return control(platform::ControlKind::ComboBox, id, u"", style | WS_TABSTOP); }
+    DialogBuilder &listView(int32_t id, uint32_t style = LVS_REPORT) {
+        return control(platform::ControlKind::ListView, id, u"", style | WS_TABSTOP);
+    }
+    DialogBuilder &tabControl(int32_t id) { return control(platform::ControlKind::TabControl, id, u"", WS_TABSTOP); }
+    DialogBuilder &okCancel() { return button(IDOK, u"OK", BS_DEFPUSHBUTTON).button(IDCANCEL, u"Cancel"); }
+    // Makes the template a page (WS_CHILD) for tab controls and wizards.
+    DialogBuilder &page();
+
+    const platform::DialogTemplate &get() const { return template_; }
+
+private:
+    platform::DialogTemplate template_;
+};
+
+// A resource library made in memory, freed at the end of the test.
+class TestModule {
+public:
+    TestModule();
+    ~TestModule();
+    TestModule(const TestModule &) = delete;
+    TestModule &operator=(const TestModule &) = delete;
+
+    TestModule &add(const DialogBuilder &dialog);
+    TestModule &addString(int32_t id, std::u16string text, uint32_t messageBoxStyle = 0);
+    TestModule &addMenu(platform::MenuTemplate menu);
+    HMODULE handle() const { return handle_; }
+
+private:
+    HMODULE handle_ = nullptr;
+    platform::ResourceTables *tables_ = nullptr;
+};
+
+// A dialog procedure made of a lambda: pass a Procedure* as the dialog parameter and
+// functionProcedure as the DLGPROC; the procedure sees every message from
+// WM_INITDIALOG on (its pointer lives in GWLP_USERDATA).
+using Procedure = std::function<INT_PTR(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam)>;
+INT_PTR functionProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+
+INT_PTR runDialog(const TestModule &module, int32_t templateId, Procedure &procedure, HWND owner = nullptr);
+HWND createModeless(const TestModule &module, int32_t templateId, Procedure &procedure, HWND parent = nullptr);
+
+// A procedure that handles nothing (the default handling applies).
+Procedure &plainProcedure();
+
+// WM_COMMAND and WM_NOTIFY as a test saw them.
+struct SeenCommand {
+    int32_t id;
+    int32_t notification;
+    bool operator==(const SeenCommand &) const = default;
+};
+
+// Every test runs on the scripted driver with an empty run.
+class ScriptedTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Queues a script line; the test fails when the line is not an action.
+    void queue(const std::string &line);
+    std::string report() const;
+    std::vector<TabraScriptRecord> recordsOf(int32_t kind) const;
+};
+
+std::u16string windowText(HWND window);
+std::u16string u16(std::string_view utf8);
+
+// ---- Implementation ----
+inline DialogBuilder::DialogBuilder(int32_t id, std::u16string caption) {
+    template_.id = id;
+    template_.caption = std::move(caption);
+    template_.width = 200;
+    template_.height = 100;
+}
+
+inline DialogBuilder &DialogBuilder::control(platform::ControlKind kind, int32_t id, std::u16string text, uint32_t style,
+                                      uint32_t extendedStyle) {
+    platform::ControlTemplate control;
+    control.kind = kind;
+    control.id = id;
+    control.text = std::move(text);
+    control.style = style | WS_CHILD | WS_VISIBLE;
+    control.extendedStyle = extendedStyle;
+    control.width = 50;
+    control.height = 14;
+    template_.controls.push_back(std::move(control));
+    return *this;
+}
+
+inline DialogBuilder &DialogBuilder::page() {
+    template_.childPage = true;
+    template_.style |= WS_CHILD;
+    return *this;
+}
+
+inline TestModule::TestModule() {
+    auto module = std::make_unique<platform::ResourceModule>();
+    tables_ = &module->tables;
+    handle_ = platform::adoptResourceModule(std::move(module));
+}
+
+inline TestModule::~TestModule() { platform::releaseResourceModule(handle_); }
+
+inline TestModule &TestModule::add(const DialogBuilder &dialog) {
+    tables_->dialogs[dialog.get().id] = dialog.get();
+    return *this;
+}
+
+inline TestModule &TestModule::addString(int32_t id, std::u16string text, uint32_t messageBoxStyle) {
+    tables_->strings[id] = {std::move(text), messageBoxStyle};
+    return *this;
+}
+
+inline TestModule &TestModule::addMenu(platform::MenuTemplate menu) {
+    tables_->menus[menu.id] = std::move(menu);
+    return *this;
+}
+
+inline INT_PTR functionProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) SetWindowLongPtrW(dialog, GWLP_USERDATA, lParam);
+    auto *procedure = reinterpret_cast<Procedure *>(GetWindowLongPtrW(dialog, GWLP_USERDATA));
+    return procedure && *procedure ? (*procedure)(dialog, message, wParam, lParam) : 0;
+}
+
+inline INT_PTR runDialog(const TestModule &module, int32_t templateId, Procedure &procedure, HWND owner) {
+    return DialogBoxParamW(module.handle(), templateId, owner, functionProcedure, reinterpret_cast<LPARAM>(&procedure));
+}
+
+inline HWND createModeless(const TestModule &module, int32_t templateId, Procedure &procedure, HWND parent) {
+    return CreateDialogParamW(module.handle(), templateId, parent, functionProcedure, reinterpret_cast<LPARAM>(&procedure));
+}
+
+inline Procedure &plainProcedure() {
+    static Procedure procedure = [](HWND, uint32_t, WPARAM, LPARAM) -> INT_PTR { return 0; };
+    return procedure;
+}
+
+inline void ScriptedTest::SetUp() { TabraScript_Begin(); }
+
+inline void ScriptedTest::TearDown() {
+    if (HasFailure()) std::fprintf(stderr, "%s", report().c_str());
+    TabraScript_End();
+}
+
+inline void ScriptedTest::queue(const std::string &line) {
+    if (TabraScript_QueueUtf8(line.c_str()) == 1) return;
+    char error[512];
+    TabraScript_LastError(error, sizeof error);
+    ADD_FAILURE() << "not an action: " << line << ": " << error;
+}
+
+inline std::string ScriptedTest::report() const {
+    std::string text(static_cast<std::size_t>(TabraScript_ReportUtf8(nullptr, 0)) + 1, '\0');
+    TabraScript_ReportUtf8(text.data(), static_cast<int32_t>(text.size()));
+    text.resize(text.size() - 1);
+    return text;
+}
+
+inline std::vector<TabraScriptRecord> ScriptedTest::recordsOf(int32_t kind) const {
+    std::vector<TabraScriptRecord> found;
+    for (int32_t i = 0; i < TabraScript_RecordCount(); ++i) {
+        TabraScriptRecord record{};
+        if (TabraScript_GetRecord(i, &record) && record.kind == kind) found.push_back(record);
+    }
+    return found;
+}
+
+inline std::u16string windowText(HWND window) {
+    std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, u'\0');
+    int32_t length = GetWindowTextW(window, text.data(), static_cast<int32_t>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+inline std::u16string u16(std::string_view utf8) { return toUtf16(utf8); }
+
+} // namespace tabra::test
