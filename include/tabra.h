@@ -7,5 +7,6 @@
 #include "tabra_window.h"
 #include "tabra_script.h"
 #include "tabra_connection.h"
+#include "tabra_sqltext.h"
 
 #endif

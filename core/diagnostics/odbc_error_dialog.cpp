@@ -1,0 +1,166 @@
+// The ODBC error dialog: shows the first diagnostic record of a handle, split into
+// the bracketed parts of the message, with the statement that failed. Every ODBC
+// failure of the library reaches the user through here, modally, at the place where
+// it happened.
+#include "core/diagnostics/message_ids.h"
+#include "core/module/module_state.h"
+#include "core/odbc/odbc_text.h"
+#include "ostrel.h"
+#include "tabra_connection.h"
+#include "tabra_window.h"
+
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr int32_t kErrorDialogTemplate = 10025;
+
+// Controls of the error dialog.
+constexpr int32_t kVendorField = 2140;
+constexpr int32_t kComponentField = 2141;
+constexpr int32_t kDataSourceField = 1006;
+constexpr int32_t kStateField = 2139;
+constexpr int32_t kMessageField = 2144;
+constexpr int32_t kStatementField = 1014;
+constexpr int32_t kFurtherMessageButton = 1003;
+
+constexpr size_t kPartCapacity = 300; // one bracketed part, terminator included
+constexpr SQLSMALLINT kMessageLength = 2999;
+
+// What an entry point hands to the dialog procedure.
+struct ErrorDialogRequest {
+    int16_t handleType = 0;
+    SQLHANDLE handle = nullptr;
+    const char16_t *statementText = nullptr;
+    int16_t recordNumber = 1;
+    int32_t furtherMessage = 0;
+};
+
+// Takes the next bracketed part of the diagnostic message: the characters up to the
+// next "]" (at most 299 kept), with the cursor moved past the "]", or to the end
+// when there is none. Opening brackets at the start of the part are removed.
+std::u16string takeBracketedPart(std::u16string_view message, size_t &cursor) {
+    size_t close = message.find(u']', cursor);
+    size_t end = close == std::u16string_view::npos ? message.size() : close;
+    std::u16string part(message.substr(cursor, end - cursor));
+    if (part.size() > kPartCapacity - 1) part.resize(kPartCapacity - 1);
+    cursor = close == std::u16string_view::npos ? message.size() : close + 1;
+    size_t firstKept = part.find_first_not_of(u'[');
+    return firstKept == std::u16string::npos ? std::u16string() : part.substr(firstKept);
+}
+
+bool isOptionValueChanged(const char16_t *state) {
+    std::u16string_view s(state);
+    if (s.size() != 5) return false;
+    auto upper = [](char16_t c) { return (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c; };
+    const char16_t expected[] = u"01S02";
+    for (size_t i = 0; i < 5; ++i)
+        if (upper(s[i]) != expected[i]) return false;
+    return true;
+}
+
+// Fills the dialog from the diagnostic record; false when the handle holds none.
+bool showDiagnostic(HWND dialog, ErrorDialogRequest &request) {
+    char16_t state[6] = {};
+    char16_t message[kMessageLength + 1] = {};
+    SQLINTEGER nativeError = 0;
+    SQLSMALLINT length = 0;
+    SQLRETURN rc = SQLGetDiagRecW(request.handleType, request.handle, request.recordNumber,
+                                  tabra::odbc::sqlText(state), &nativeError, tabra::odbc::sqlText(message),
+                                  kMessageLength, &length);
+    if (rc != SQL_SUCCESS && rc != SQL_SUCCESS_WITH_INFO) return false;
+
+    std::u16string_view text(message);
+    size_t cursor = 0;
+    std::u16string vendor = takeBracketedPart(text, cursor);
+    std::u16string component = takeBracketedPart(text, cursor);
+    std::u16string dataSource;
+    if (text.find(u']', cursor) != std::u16string_view::npos) dataSource = takeBracketedPart(text, cursor);
+
+    SetDlgItemTextW(dialog, kVendorField, vendor.c_str());
+    SetDlgItemTextW(dialog, kComponentField, component.c_str());
+    SetDlgItemTextW(dialog, kDataSourceField, dataSource.c_str());
+    SetDlgItemTextW(dialog, kStateField, state);
+    SetDlgItemTextW(dialog, kMessageField, std::u16string(text.substr(cursor)).c_str());
+    if (isOptionValueChanged(state)) request.furtherMessage = tabra::message::kOptionValueChanged;
+    return true;
+}
+
+int32_t showErrorDialog(int16_t handleType, SQLHANDLE handle, const char16_t *statementText) {
+    ErrorDialogRequest request;
+    request.handleType = handleType;
+    request.handle = handle;
+    request.statementText = statementText;
+    INT_PTR result = DialogBoxParamW(tabra::module::resourceLibrary(), kErrorDialogTemplate, GetActiveWindow(),
+                                     DisplayOdbcErrorCallback, reinterpret_cast<LPARAM>(&request));
+    return result == IDOK ? 1 : 2;
+}
+
+} // namespace
+
+extern "C" INT_PTR DisplayOdbcErrorCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG: {
+        auto *request = reinterpret_cast<ErrorDialogRequest *>(lParam);
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        LTS_TranslateDialog(dialog, tabra::module::kTranslationModuleName, 0);
+        if (request == nullptr || !showDiagnostic(dialog, *request)) {
+            EndDialog(dialog, IDOK);
+            return 1;
+        }
+        SetDlgItemTextW(dialog, kStatementField, request->statementText ? request->statementText : u"");
+        ShowWindow(GetDlgItem(dialog, kFurtherMessageButton), request->furtherMessage != 0 ? SW_SHOW : SW_HIDE);
+        return 1;
+    }
+    case WM_COMMAND: {
+        auto *request = reinterpret_cast<ErrorDialogRequest *>(GetWindowLongPtrW(dialog, DWLP_USER));
+        switch (GetWmCommandId(wParam)) {
+        case IDOK:
+            EndDialog(dialog, IDOK);
+            return 1;
+        case IDCANCEL:
+            EndDialog(dialog, IDCANCEL);
+            return 1;
+        case kFurtherMessageButton:
+            if (request != nullptr && request->furtherMessage != 0)
+                ShowMessage(request->furtherMessage, nullptr, nullptr, nullptr);
+            return 1;
+        default:
+            return 0;
+        }
+    }
+    default:
+        return 0;
+    }
+}
+
+extern "C" int32_t Tabra_DisplayErrorHenv(SQLHENV environment) {
+    return showErrorDialog(SQL_HANDLE_ENV, environment, nullptr);
+}
+
+extern "C" int32_t Tabra_DisplayErrorHdbc(SQLHDBC connection) {
+    return showErrorDialog(SQL_HANDLE_DBC, connection, nullptr);
+}
+
+extern "C" int32_t Tabra_DisplayErrorHstmt(SQLHSTMT statement, const char16_t *statementText) {
+    return showErrorDialog(SQL_HANDLE_STMT, statement, statementText);
+}
+
+extern "C" int32_t OdbcEh_HandleErrorHenv(int32_t, SQLHENV environment) {
+    return showErrorDialog(SQL_HANDLE_ENV, environment, nullptr);
+}
+
+extern "C" int32_t OdbcEh_HandleErrorHdbc(int32_t, SQLHDBC connection) {
+    return showErrorDialog(SQL_HANDLE_DBC, connection, nullptr);
+}
+
+extern "C" int32_t OdbcEh_HandleErrorHstmt(int32_t, SQLHSTMT statement, const char16_t *statementText) {
+    return showErrorDialog(SQL_HANDLE_STMT, statement, statementText);
+}
+
+extern "C" int32_t Tabra_DisplayErrorOrInfoHstmt(SQLHSTMT statement, SQLRETURN returnCode,
+                                                 const char16_t *statementText) {
+    if (returnCode == SQL_SUCCESS_WITH_INFO && (Ostrel_GetDumpState(0) & OSTREL_DUMP_SHOW_INFO) == 0) return 1;
+    return showErrorDialog(SQL_HANDLE_STMT, statement, statementText);
+}

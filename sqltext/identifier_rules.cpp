@@ -1,0 +1,104 @@
+// Rules shared by the identifier preparation functions.
+#include "sqltext/identifier_rules.h"
+
+#include "core/odbc/odbc_text.h"
+#include "ostrel.h"
+
+#include <sqlext.h>
+
+namespace tabra::sqltext {
+namespace {
+
+bool isAsciiLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
+bool isAsciiDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+constexpr size_t kPartCapacity = 200; // one dotted part: 199 characters and a terminator
+
+// Removes, in this order, leading spaces, leading quote characters, trailing spaces
+// and trailing quote characters (all occurrences at each end).
+std::u16string trimSpacesAndQuotes(std::u16string part, char16_t quote) {
+    auto dropLeading = [&](char16_t c) {
+        size_t n = 0;
+        while (n < part.size() && part[n] == c) ++n;
+        part.erase(0, n);
+    };
+    auto dropTrailing = [&](char16_t c) {
+        while (!part.empty() && part.back() == c) part.pop_back();
+    };
+    dropLeading(u' ');
+    dropLeading(quote);
+    dropTrailing(u' ');
+    dropTrailing(quote);
+    return part;
+}
+
+} // namespace
+
+bool isPlainIdentifier(std::u16string_view name) {
+    if (name.empty() || !isAsciiLetter(name[0])) return false;
+    for (char16_t c : name.substr(1))
+        if (!isAsciiLetter(c) && !isAsciiDigit(c) && c != u'_' && c != u'$') return false;
+    return true;
+}
+
+bool isAllSpaces(std::u16string_view text) {
+    for (char16_t c : text)
+        if (c != u' ') return false;
+    return true;
+}
+
+std::u16string quoteStringOf(SQLHDBC connection) {
+    char16_t quote[5] = {};
+    SQLSMALLINT length = 0;
+    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, sizeof quote, &length);
+    quote[4] = u'\0';
+    if (length < 1 || quote[0] == u' ') return {};
+    return std::u16string(quote);
+}
+
+std::u16string wrapBounded(std::u16string_view part, std::u16string_view quote, size_t capacity) {
+    std::u16string wrapped;
+    wrapped.reserve(part.size() + 2 * quote.size());
+    wrapped.append(quote).append(part).append(quote);
+    if (capacity > 0 && wrapped.size() > capacity - 1) wrapped.resize(capacity - 1);
+    return wrapped;
+}
+
+std::vector<std::u16string> splitDottedParts(std::u16string_view name, size_t maxLength) {
+    std::vector<std::u16string> parts;
+    size_t start = 0;
+    for (;;) {
+        size_t dot = name.find(u'.', start);
+        std::u16string_view part = name.substr(start, dot == std::u16string_view::npos ? dot : dot - start);
+        parts.emplace_back(part.substr(0, maxLength));
+        if (dot == std::u16string_view::npos) break;
+        start = dot + 1;
+    }
+    return parts;
+}
+
+void writePreparedName(std::u16string_view name, std::u16string_view quote, char16_t *destination,
+                       int32_t size) {
+    int32_t remaining = size;
+    int32_t position = 0;
+    bool first = true;
+    for (std::u16string part : splitDottedParts(name, kPartCapacity - 1)) {
+        part = trimSpacesAndQuotes(std::move(part), quote[0]);
+        if (part != u"*" && !Ostrel_IsBlankString(part.c_str()) && !isPlainIdentifier(part))
+            part = wrapBounded(part, quote, kPartCapacity);
+        // The "." is written when 3 characters remain but is not counted; a write is
+        // still never allowed past the end of the destination.
+        if (!first && remaining >= 3 && position < size - 1) destination[position++] = u'.';
+        first = false;
+        auto length = static_cast<int32_t>(part.size());
+        if (remaining > length) {
+            int32_t fits = std::min(length, size - 1 - position);
+            part.copy(destination + position, static_cast<size_t>(fits));
+            position += fits;
+            remaining -= length;
+        }
+    }
+    if (remaining >= 1) destination[std::min(position, size - 1)] = u'\0';
+}
+
+} // namespace tabra::sqltext

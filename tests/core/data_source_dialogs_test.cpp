@@ -1,0 +1,300 @@
+// Data source records in the registry, the data source and schema lists, and the
+// three dialogs built on them, driven through the scripted driver.
+#include "platform/platform_test_support.h"
+#include "support/backend_test.h"
+#include "support/scripted_run.h"
+#include "tabra_connection.h"
+#include "tabra_window.h"
+#include "ostrel.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tabra::test {
+namespace {
+
+constexpr char16_t kRoot[] = u"Software\\Ostrel Software\\Tabra";
+
+DataSourceInfo recordOf(std::u16string_view name, std::u16string_view user = u"", std::u16string_view password = u"") {
+    DataSourceInfo record{};
+    name.copy(record.DataSourceName, 99);
+    user.copy(record.UserId, 49);
+    password.copy(record.Password, 49);
+    return record;
+}
+
+std::string quoted(std::u16string_view text) { return "\"" + toUtf8(text) + "\""; }
+
+TEST(DataSourceRegistry, RecordsRoundTripWithDefaultsForMissingValues) {
+    ScopedRegistryRoot registry;
+    DataSourceInfo empty{};
+    std::fill(std::begin(empty.DataSourceName), std::end(empty.DataSourceName), u'x');
+    Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr, &empty);
+    EXPECT_EQ(std::u16string(empty.DataSourceName), u"");
+    EXPECT_EQ(std::u16string(empty.UserId), u"");
+    EXPECT_EQ(std::u16string(empty.Password), u"");
+
+    DataSourceInfo defaults = recordOf(u"Fallback", u"guest", u"");
+    DataSourceInfo read{};
+    Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &defaults, &read);
+    EXPECT_EQ(std::u16string(read.DataSourceName), u"Fallback");
+    EXPECT_EQ(std::u16string(read.UserId), u"guest");
+
+    DataSourceInfo written = recordOf(u"Lager Müller", u"jürgen", u"geheim \"1\"");
+    Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &written);
+    Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr); // nothing happens
+    Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &defaults, &read);
+    EXPECT_EQ(std::u16string(read.DataSourceName), u"Lager Müller");
+    EXPECT_EQ(std::u16string(read.UserId), u"jürgen");
+    EXPECT_EQ(std::u16string(read.Password), u"geheim \"1\"");
+    Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr, nullptr); // no crash
+
+    // A field filled to its width is stored without running into the next field.
+    DataSourceInfo full{};
+    std::fill(std::begin(full.DataSourceName), std::end(full.DataSourceName), u'n');
+    std::fill(std::begin(full.UserId), std::end(full.UserId), u'u');
+    Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Full", &full);
+    Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Full", nullptr, &read);
+    EXPECT_EQ(std::u16string(read.DataSourceName), std::u16string(99, u'n'));
+    EXPECT_EQ(std::u16string(read.UserId), std::u16string(49, u'u'));
+}
+
+TEST(DataSourceRegistry, CurrentUserFirstThenLocalMachine) {
+    ScopedRegistryRoot registry;
+    DataSourceInfo machine = recordOf(u"MachineSource", u"admin");
+    Tabra_WriteDataSourceToRegistry(HKEY_LOCAL_MACHINE, kRoot, 0, u"Chooser", &machine);
+    DataSourceInfo read{};
+    Tabra_ReadDataSourceFromHKCUorHKLM(kRoot, u"Chooser", nullptr, &read);
+    EXPECT_EQ(std::u16string(read.DataSourceName), u"MachineSource");
+    DataSourceInfo user = recordOf(u"UserSource", u"me");
+    Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Chooser", &user);
+    Tabra_ReadDataSourceFromHKCUorHKLM(kRoot, u"Chooser", nullptr, &read);
+    EXPECT_EQ(std::u16string(read.DataSourceName), u"UserSource");
+    EXPECT_EQ(std::u16string(read.UserId), u"me");
+}
+
+TEST(DataSourceRegistry, DatabaseObjects) {
+    ScopedRegistryRoot registry;
+    DbObjectInfo object{};
+    object.DbObjectType = 77;
+    Tabra_ReadDbObjectFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr, &object);
+    EXPECT_EQ(std::u16string(object.DbObjectName), u"");
+    EXPECT_EQ(object.DbObjectType, 0);
+    DbObjectInfo view{};
+    std::u16string(u"Order Details").copy(view.DbObjectName, 49);
+    view.DbObjectType = 2;
+    Tabra_WriteDbObjectToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &view);
+    Tabra_ReadDbObjectFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr, &object);
+    EXPECT_EQ(std::u16string(object.DbObjectName), u"Order Details");
+    EXPECT_EQ(object.DbObjectType, 2);
+}
+
+class DataSourceDialogTestDriverTest : public TestDriverTest {
+protected:
+    ScopedRegistryRoot registry_;
+};
+
+// What a dialog showed while it waited for the user.
+struct Snapshot {
+    std::u16string selected, user, password;
+    int count = 0;
+    bool schemaEnabled = true;
+};
+
+void takeSnapshot(HWND dialog, void *context) {
+    auto *seen = static_cast<Snapshot *>(context);
+    char16_t text[200] = {};
+    HWND list = GetDlgItem(dialog, 1004);
+    Ostrel_GetBoxEntry(list, -1, text, 200);
+    seen->selected = text;
+    seen->count = Ostrel_GetBoxCount(list);
+    GetDlgItemTextW(dialog, 1002, text, 200);
+    seen->user = text;
+    GetDlgItemTextW(dialog, 1003, text, 200);
+    seen->password = text;
+}
+
+TEST_F(DataSourceDialogTestDriverTest, ShowsTheRecordAndAcceptsAWorkingLogin) {
+    DataSourceInfo record = recordOf(dsn::TestDriver, u"alice", u"secret");
+    record.Reserved[0] = 0x5A;
+    Snapshot seen;
+    ScriptedRun run;
+    run.queueCallback(103, takeSnapshot, &seen);
+    run.queue("dialog 103: set 1002 \"bob\"");
+    run.queue("dialog 103: click 1");
+    EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
+    EXPECT_FALSE(run.failed());
+    EXPECT_EQ(seen.selected, dsn::TestDriver);
+    EXPECT_EQ(seen.user, u"alice");
+    EXPECT_EQ(seen.password, u"secret");
+    EXPECT_GE(seen.count, 10); // every private data source is listed
+    EXPECT_EQ(std::u16string(record.UserId), u"bob");
+    EXPECT_EQ(std::u16string(record.Password), u"secret");
+    EXPECT_EQ(record.Reserved[0], 0x5A);
+    EXPECT_EQ(testDriverConnectionCounts().open(), 0); // the trial login was closed again
+
+    // The user is remembered for the data source, the password never.
+    char16_t remembered[50] = {};
+    Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"DataSourceDialog", dsn::TestDriver, u"", remembered,
+                                  50, 49);
+    EXPECT_EQ(std::u16string(remembered), u"bob");
+    EXPECT_EQ(readWholeFile(registry_.currentUserFile()).find("secret"), std::string::npos);
+}
+
+TEST_F(DataSourceDialogTestDriverTest, AVanishedDataSourceSelectsTheFirstWithItsRememberedUser) {
+    // Learn which source is listed first, and remember a user for it.
+    Snapshot first;
+    {
+        DataSourceInfo probe = recordOf(u"NoLongerThere");
+        ScriptedRun run;
+        run.queueCallback(103, takeSnapshot, &first);
+        run.queue("dialog 103: click 2");
+        EXPECT_EQ(Tabra_DataSourceDialog(&probe), 2);
+    }
+    ASSERT_FALSE(first.selected.empty());
+    Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"DataSourceDialog", first.selected.c_str(), u"carol");
+
+    DataSourceInfo record = recordOf(u"NoLongerThere", u"dave", u"pw");
+    Snapshot seen;
+    ScriptedRun run;
+    run.queueCallback(103, takeSnapshot, &seen);
+    run.queue("dialog 103: click 2");
+    EXPECT_EQ(Tabra_DataSourceDialog(&record), 2);
+    EXPECT_EQ(seen.selected, first.selected);
+    EXPECT_EQ(seen.user, u"carol");
+    EXPECT_EQ(seen.password, u"");
+    EXPECT_EQ(std::u16string(record.UserId), u"dave"); // cancelled: the record is untouched
+}
+
+TEST_F(DataSourceDialogTestDriverTest, AFailedLoginKeepsTheDialogOpenWithWhatWasTyped) {
+    std::u16string broken = addDataSource({{"Database", "/nonexistent/folder/db.sqlite"}});
+    DataSourceInfo record = recordOf(broken);
+    ScriptedRun run;
+    run.queue("dialog 103: set 1002 \"erin\"");
+    run.queue("dialog 103: set 1003 \"typed\"");
+    run.queue("dialog 103: click 1");
+    run.queue("dialog 10025: click 1");
+    run.queue("dialog 103: expect 1002 \"erin\"");
+    run.queue("dialog 103: expect 1003 \"typed\"");
+    run.queue("dialog 103: select 1004 " + quoted(dsn::TestDriver));
+    run.queue("dialog 103: click 1");
+    EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
+    EXPECT_FALSE(run.failed());
+    EXPECT_EQ(run.pending(), 0);
+    EXPECT_EQ(std::u16string(record.DataSourceName), dsn::TestDriver);
+    EXPECT_EQ(testDriverConnectionCounts().open(), 0);
+}
+
+TEST_F(DataSourceDialogTestDriverTest, NoSelectionIsRefusedAndADoubleClickAccepts) {
+    DataSourceInfo record = recordOf(dsn::TestDriver);
+    ScriptedRun run;
+    run.queueCallback(103, [](HWND dialog, void *) { Ostrel_SetBoxIndex(GetDlgItem(dialog, 1004), -1); }, nullptr);
+    run.queue("dialog 103: click 1");
+    run.queue("message 1608: answer ok");
+    run.queue("dialog 103: doubleclick 1004 " + quoted(dsn::Access));
+    EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
+    EXPECT_FALSE(run.failed());
+    EXPECT_EQ(std::u16string(record.DataSourceName), dsn::Access);
+    EXPECT_EQ(Tabra_DataSourceDialog(nullptr), 2);
+}
+
+TEST_F(DataSourceDialogTestDriverTest, CombinedDialogDisablesSchemasWhereTheDatabaseHasNone) {
+    DataSourceInfo record = recordOf(dsn::TestDriver);
+    char16_t schema[100] = u"ignored";
+    Snapshot seen;
+    ScriptedRun run;
+    run.queueCallback(
+        10060,
+        [](HWND dialog, void *context) {
+            auto *s = static_cast<Snapshot *>(context);
+            s->schemaEnabled = IsWindowEnabled(GetDlgItem(dialog, 2014)) && IsWindowEnabled(GetDlgItem(dialog, 1147));
+            char16_t text[100] = {};
+            GetDlgItemTextW(dialog, 1014, text, 100);
+            s->selected = text;
+        },
+        &seen);
+    run.queue("dialog 10060: click 1145");
+    run.queue("dialog 103: select 1004 " + quoted(dsn::Schemas));
+    run.queue("dialog 103: click 1");
+    run.queue("dialog 10060: expect 1014 " + quoted(dsn::Schemas));
+    run.queueCallback(
+        10060, [](HWND dialog, void *context) { static_cast<Snapshot *>(context)->schemaEnabled = IsWindowEnabled(GetDlgItem(dialog, 2014)); },
+        &seen);
+    run.queue("dialog 10060: set 2014 \"main\"");
+    run.queue("dialog 10060: click 1");
+    EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 1);
+    EXPECT_FALSE(run.failed());
+    EXPECT_EQ(seen.selected, dsn::TestDriver);
+    EXPECT_TRUE(seen.schemaEnabled); // the schema-using source enabled them
+    EXPECT_EQ(std::u16string(record.DataSourceName), dsn::Schemas);
+    EXPECT_EQ(std::u16string(schema), u"main");
+    EXPECT_EQ(testDriverConnectionCounts().open(), 0);
+}
+
+TEST_F(DataSourceDialogTestDriverTest, CombinedDialogStartsWithSchemaControlsOffWithoutSchemas) {
+    DataSourceInfo record = recordOf(dsn::TestDriver);
+    char16_t schema[100] = u"";
+    bool enabled = true;
+    ScriptedRun run;
+    run.queueCallback(
+        10060, [](HWND dialog, void *context) { *static_cast<bool *>(context) = IsWindowEnabled(GetDlgItem(dialog, 1147)); },
+        &enabled);
+    run.queue("dialog 10060: click 2");
+    EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 2);
+    EXPECT_FALSE(enabled);
+}
+
+class SchemaListTest : public BackendTest {};
+
+TEST_P(SchemaListTest, ListsTheSchemasThatOwnTables) {
+    auto connection = connect();
+    if (backend() == Backend::PostgreSQL) {
+        executeAll(connection, {u"CREATE SCHEMA lager", u"CREATE TABLE lager.artikel (id INTEGER)",
+                                u"CREATE TABLE public.kunden (id INTEGER)", u"CREATE SCHEMA leer"});
+    } else {
+        executeSql(connection, u"CREATE TABLE kunden (id INTEGER)");
+    }
+    std::vector<std::u16string> listed;
+    struct Context {
+        SQLHDBC connection;
+        std::vector<std::u16string> *listed;
+        int32_t result = 0;
+    } context{connection.handle(), &listed};
+    ScriptedRun run;
+    run.queueCallback(
+        10056,
+        [](HWND dialog, void *raw) {
+            auto *c = static_cast<Context *>(raw);
+            HWND list = GetDlgItem(dialog, 2010);
+            c->result = Tabra_FillSchemataBox(c->connection, list);
+            char16_t text[100];
+            for (int32_t i = 0; i < Ostrel_GetBoxCount(list); ++i) {
+                Ostrel_GetBoxEntry(list, i, text, 100);
+                c->listed->push_back(text);
+            }
+        },
+        &context);
+    bool postgres = backend() == Backend::PostgreSQL;
+    if (postgres) run.queue("dialog 10056: select 2010 \"lager\"");
+    run.queue("dialog 10056: click 1");
+    char16_t schema[100] = u"public";
+    EXPECT_EQ(Tabra_SelectDbaseSchema(nullptr, connection.handle(), schema), 1);
+    EXPECT_FALSE(run.failed());
+    EXPECT_EQ(context.result, 1);
+    if (postgres) {
+        std::sort(listed.begin(), listed.end());
+        EXPECT_EQ(listed, (std::vector<std::u16string>{u"lager", u"public"}));
+        EXPECT_EQ(std::u16string(schema), u"lager");
+    } else {
+        EXPECT_TRUE(listed.empty());
+        EXPECT_EQ(std::u16string(schema), u"public");
+    }
+    EXPECT_EQ(Tabra_FillSchemataBox(nullptr, nullptr), 2);
+    EXPECT_EQ(Tabra_SelectDbaseSchema(nullptr, connection.handle(), nullptr), 2);
+}
+
+TABRA_INSTANTIATE_BACKEND_TEST(SchemaListTest);
+
+} // namespace
+} // namespace tabra::test

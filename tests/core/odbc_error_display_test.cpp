@@ -1,0 +1,246 @@
+// The ODBC error dialog and the quiet diagnostic queries, on real diagnostics of the
+// installed drivers and on states the test driver makes up.
+#include "support/backend_test.h"
+#include "support/test_text.h"
+#include "support/scripted_run.h"
+#include "tabra_connection.h"
+#include "ostrel.h"
+#include "tabra_window.h"
+
+#include <gtest/gtest.h>
+
+namespace tabra::test {
+namespace {
+
+constexpr int32_t kErrorDialog = 10025;
+
+// Runs a statement that fails and leaves its diagnostics on the handle.
+void failStatement(SQLHSTMT statement, const char16_t *sql) {
+    SQLRETURN rc = SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR *>(const_cast<char16_t *>(sql)), SQL_NTS);
+    ASSERT_EQ(rc, SQL_ERROR);
+}
+
+class OdbcErrorDialogTest : public BackendTest {};
+
+TEST_P(OdbcErrorDialogTest, SplitsTheDriversMessageIntoItsParts) {
+    auto connection = connect();
+    OdbcStatement statement(connection);
+    const char16_t *sql = u"SELECT * FROM no_such_table_here";
+    failStatement(statement.handle(), sql);
+    auto raw = diagnosticRecords(SQL_HANDLE_STMT, statement.handle());
+    ASSERT_FALSE(raw.empty());
+
+    ScriptedRun run;
+    run.queue("dialog 10025: click 1");
+    EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), sql), 1);
+    EXPECT_FALSE(run.failed());
+
+    EXPECT_EQ(run.closedControlText(kErrorDialog, 2139), raw.front().state);
+    EXPECT_EQ(run.closedControlText(kErrorDialog, 1014), sql);
+    std::u16string vendor = run.closedControlText(kErrorDialog, 2140);
+    std::u16string component = run.closedControlText(kErrorDialog, 2141);
+    std::u16string dataSource = run.closedControlText(kErrorDialog, 1006);
+    std::u16string text = run.closedControlText(kErrorDialog, 2144);
+    switch (backend()) {
+    case Backend::SQLite: // "[SQLite]no such table: ..." has one bracketed part
+        EXPECT_EQ(vendor, u"SQLite");
+        EXPECT_NE(component.find(u"no such table"), std::u16string::npos) << toUtf8(component);
+        EXPECT_EQ(text, u"");
+        break;
+    case Backend::PostgreSQL: // no brackets at all: the whole message is the first part
+        EXPECT_NE(vendor.find(u"does not exist"), std::u16string::npos) << toUtf8(vendor);
+        EXPECT_EQ(component, u"");
+        EXPECT_EQ(text, u"");
+        break;
+    case Backend::MariaDB: // "[ma-3.1.15][10.11...-MariaDB]Table ... doesn't exist"
+        EXPECT_EQ(vendor.rfind(u"ma-", 0), 0u) << toUtf8(vendor);
+        EXPECT_NE(component.find(u"MariaDB"), std::u16string::npos) << toUtf8(component);
+        EXPECT_NE(text.find(u"doesn't exist"), std::u16string::npos) << toUtf8(text);
+        break;
+    }
+    EXPECT_EQ(dataSource, u"");
+    EXPECT_EQ(vendor.find(u'['), std::u16string::npos);
+}
+
+TEST_P(OdbcErrorDialogTest, CancelAnswersTwoAndTheStateStaysReadable) {
+    auto connection = connect();
+    OdbcStatement statement(connection);
+    failStatement(statement.handle(), u"SELEC nonsense");
+    ScriptedRun run;
+    run.queue("dialog 10025: click 2");
+    EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), nullptr), 2);
+    EXPECT_EQ(run.closedControlText(kErrorDialog, 1014), u"");
+
+    char16_t state[6] = {};
+    EXPECT_EQ(Tabra_GetErrorCode(SQL_HANDLE_STMT, statement.handle(), state, 6), 5);
+    EXPECT_EQ(std::u16string(state), diagnosticRecords(SQL_HANDLE_STMT, statement.handle()).front().state);
+}
+
+TABRA_INSTANTIATE_BACKEND_TEST(OdbcErrorDialogTest);
+
+class OdbcErrorDialogTestDriverTest : public TestDriverTest {};
+
+TEST_F(OdbcErrorDialogTestDriverTest, OptionValueChangedOffersItsExplanation) {
+    auto connection = connect(dsn::ExecInfo);
+    OdbcStatement statement(connection);
+    ASSERT_EQ(statement.execute(u"SELECT 1"), SQL_SUCCESS_WITH_INFO);
+
+    struct Seen {
+        bool buttonVisible = false;
+    } seen;
+    ScriptedRun run;
+    run.queueCallback(
+        kErrorDialog,
+        [](HWND dialog, void *context) {
+            static_cast<Seen *>(context)->buttonVisible = IsWindowVisible(GetDlgItem(dialog, 1003)) != 0;
+        },
+        &seen);
+    run.queue("dialog 10025: click 1003");
+    run.queue("message 1606: answer ok");
+    run.queue("dialog 10025: click 1");
+    EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), u"SELECT 1"), 1);
+    EXPECT_FALSE(run.failed());
+    EXPECT_EQ(run.pending(), 0);
+    EXPECT_TRUE(seen.buttonVisible);
+    EXPECT_EQ(run.closedControlText(kErrorDialog, 2139), u"01S02");
+    EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, 1606).size(), 1u);
+}
+
+TEST_F(OdbcErrorDialogTestDriverTest, TheExplanationButtonStaysHiddenForOtherStates) {
+    auto connection = connect(dsn::TestDriver);
+    OdbcStatement statement(connection);
+    failStatement(statement.handle(), u"SELECT FROM WHERE");
+    bool visible = true;
+    ScriptedRun run;
+    run.queueCallback(
+        kErrorDialog, [](HWND dialog, void *context) { *static_cast<bool *>(context) = IsWindowVisible(GetDlgItem(dialog, 1003)) != 0; },
+        &visible);
+    run.queue("dialog 10025: click 1");
+    Tabra_DisplayErrorHstmt(statement.handle(), nullptr);
+    EXPECT_FALSE(visible);
+}
+
+TEST_F(OdbcErrorDialogTestDriverTest, AHandleWithoutDiagnosticsShowsNothing) {
+    auto connection = connect(dsn::TestDriver);
+    OdbcStatement statement(connection);
+    ASSERT_EQ(statement.execute(u"SELECT 1"), SQL_SUCCESS);
+    ScriptedRun run; // no action queued: any prompt would fail the run
+    EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), u"SELECT 1"), 1);
+    EXPECT_EQ(Tabra_DisplayErrorHdbc(connection.handle()), 1);
+    EXPECT_EQ(Tabra_DisplayErrorHenv(connection.environment()), 1);
+    EXPECT_EQ(OdbcEh_HandleErrorHstmt(0, statement.handle(), nullptr), 1);
+    EXPECT_FALSE(run.failed());
+    EXPECT_TRUE(run.records(TABRA_RECORD_MESSAGE).empty());
+}
+
+TEST_F(OdbcErrorDialogTestDriverTest, InformationIsShownOnlyWhenTheSwitchAsksForIt) {
+    auto connection = connect(dsn::ExecInfo);
+    OdbcStatement statement(connection);
+    ASSERT_EQ(statement.execute(u"SELECT 1"), SQL_SUCCESS_WITH_INFO);
+    {
+        ScriptedRun run;
+        Ostrel_SetDumpState(0);
+        EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_SUCCESS_WITH_INFO, u"SELECT 1"), 1);
+        EXPECT_FALSE(run.failed());
+    }
+    {
+        ScriptedRun run;
+        Ostrel_SetDumpState(OSTREL_DUMP_SHOW_INFO);
+        run.queue("dialog 10025: click 2");
+        EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_SUCCESS_WITH_INFO, u"SELECT 1"), 2);
+        Ostrel_SetDumpState(-1);
+        EXPECT_FALSE(run.failed());
+    }
+    {
+        ScriptedRun run; // an error is always shown
+        run.queue("dialog 10025: click 1");
+        EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_ERROR, nullptr), 1);
+        EXPECT_FALSE(run.failed());
+    }
+}
+
+TEST_F(OdbcErrorDialogTestDriverTest, LastErrorInList) {
+    std::u16string first = addDataSource({{"FailPattern", "FROM missing"}, {"FailState", "XY0AB"}});
+    std::u16string second = addDataSource({{"FailPattern", "FROM missing"}, {"FailState", "XY0AC"}});
+    auto one = connect(first);
+    OdbcStatement failed(one);
+    failStatement(failed.handle(), u"SELECT * FROM missing");
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, failed.handle(), u"XY0AB,XY0AC", SQL_ERROR), 1);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, failed.handle(), u"xy0ac,xy0ab", SQL_ERROR), 1);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, failed.handle(), u"XY0AC", SQL_ERROR), 0);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, failed.handle(), u"NOINFO", SQL_ERROR), 0);
+
+    auto two = connect(second);
+    OdbcStatement other(two);
+    failStatement(other.handle(), u"SELECT * FROM missing");
+    // The blank after the comma stays part of the token.
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, other.handle(), u"XY0AB, XY0AC", SQL_ERROR), 0);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, other.handle(), u"XY0AB,XY0AC", SQL_ERROR), 1);
+
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, nullptr, u"*", SQL_ERROR), 1);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, other.handle(), u"", SQL_ERROR), 0);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, other.handle(), u" \t ", SQL_ERROR), 0);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, other.handle(), nullptr, SQL_ERROR), 0);
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, other.handle(), u"42S02,NOINFO", SQL_SUCCESS_WITH_INFO), 1);
+}
+
+TEST_F(OdbcErrorDialogTestDriverTest, TheLibrarysOdbc2EnvironmentSeesOdbc2States) {
+    // The driver reports "42S02" (table not found); the driver manager hands an ODBC 2
+    // application the ODBC 2 form "S0002". Callers that expect a missing table list both.
+    std::u16string source = addDataSource({{"FailPattern", "DROP TABLE"}, {"FailState", "42S02"}});
+    auto connection = connect(source);
+    OdbcStatement statement(connection);
+    failStatement(statement.handle(), u"DROP TABLE nothing_here");
+    EXPECT_EQ(Tabra_IsLastErrorInList(SQL_HANDLE_STMT, statement.handle(), u"42S02,S0002", SQL_ERROR), 1);
+    char16_t state[6] = {};
+    Tabra_GetErrorCode(SQL_HANDLE_STMT, statement.handle(), state, 6);
+    EXPECT_EQ(std::u16string(state), u"S0002");
+}
+
+TEST_F(OdbcErrorDialogTestDriverTest, ErrorCodeCopiesTheStateWithinTheBuffer) {
+    std::u16string source = addDataSource({{"FailPattern", "boom"}, {"FailState", "HY123"}});
+    auto connection = connect(source);
+    OdbcStatement statement(connection);
+    failStatement(statement.handle(), u"SELECT 'boom'");
+    char16_t small[4] = {u'#', u'#', u'#', u'#'};
+    EXPECT_EQ(Tabra_GetErrorCode(SQL_HANDLE_STMT, statement.handle(), small, 3), 2);
+    EXPECT_EQ(std::u16string(small), u"HY");
+    EXPECT_EQ(small[3], u'#');
+    EXPECT_EQ(Tabra_GetErrorCode(SQL_HANDLE_STMT, statement.handle(), nullptr, 3), -1);
+
+    OdbcStatement clean(connection);
+    char16_t state[6] = {u'x'};
+    EXPECT_EQ(Tabra_GetErrorCode(SQL_HANDLE_STMT, clean.handle(), state, 6), 0);
+    EXPECT_EQ(state[0], u'\0');
+}
+
+TEST(ShowMessage, FormatsInsertsAndCarriesTheMessageCode) {
+    ScriptedRun run;
+    run.queue("message 1607: answer ok");
+    run.queue("message 1615: answer ok");
+    EXPECT_EQ(ShowMessage(1607, nullptr, nullptr, nullptr), IDOK);
+    EXPECT_EQ(ShowMessage(1615, u"/tmp/Müller.txt", nullptr, nullptr), IDOK);
+    auto first = run.records(TABRA_RECORD_MESSAGE, 1607);
+    auto second = run.records(TABRA_RECORD_MESSAGE, 1615);
+    ASSERT_EQ(first.size(), 1u);
+    ASSERT_EQ(second.size(), 1u);
+    EXPECT_EQ(first[0].code, 0x8004A02Eu);
+    EXPECT_EQ(second[0].code, 0x8004A01Fu);
+    EXPECT_NE(second[0].text.find(u"/tmp/Müller.txt"), std::u16string::npos) << toUtf8(second[0].text);
+    EXPECT_FALSE(first[0].caption.empty());
+}
+
+TEST(ShowMessage, QuestionsAnswerWithTheButtonPressedAndOtherIdsGetTheDefaultCode) {
+    ScriptedRun run;
+    run.queue("message 1702: answer no");
+    run.queue("message 1608: answer ok");
+    EXPECT_EQ(ShowMessage(1702, u"Orders", nullptr, nullptr), IDNO);
+    EXPECT_EQ(ShowMessage(1608, nullptr, nullptr, nullptr), IDOK);
+    auto question = run.records(TABRA_RECORD_MESSAGE, 1702);
+    ASSERT_EQ(question.size(), 1u);
+    EXPECT_EQ(question[0].style & MB_TYPEMASK, static_cast<uint32_t>(MB_YESNO));
+    EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, 1608).at(0).code, 0x8004A000u);
+}
+
+} // namespace
+} // namespace tabra::test

@@ -1,0 +1,147 @@
+// Name preparation that needs no connection: the bracket family, stripping and
+// splitting, and the formatter's placeholder language with no connection (names then
+// pass unquoted).
+#include "tabra_sqltext.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+std::u16string prepareBracket(std::u16string name, int32_t flags, int32_t size = 100, int32_t *result = nullptr) {
+    std::u16string buffer(static_cast<size_t>(size), u'#');
+    name.copy(buffer.data(), std::min<size_t>(name.size(), buffer.size()));
+    if (name.size() < buffer.size()) buffer[name.size()] = u'\0';
+    int32_t r = Tabra_PrepareNameForSql(buffer.data(), size, flags);
+    if (result) *result = r;
+    return std::u16string(buffer.c_str());
+}
+
+TEST(BracketNames, BracketsEveryPartUnlessPlainNamesMayStayBare) {
+    EXPECT_EQ(prepareBracket(u"Customers", 0), u"[Customers]");
+    EXPECT_EQ(prepareBracket(u"Customers", 1), u"Customers");
+    EXPECT_EQ(prepareBracket(u"Order Details", 1), u"[Order Details]");
+    EXPECT_EQ(prepareBracket(u"dbo.Order Details", 1), u"dbo.[Order Details]");
+    EXPECT_EQ(prepareBracket(u"a.b.c", 0), u"[a].[b]");
+    EXPECT_EQ(prepareBracket(u"Orders.*", 0), u"[Orders].*");
+    EXPECT_EQ(prepareBracket(u"2020Sales", 1), u"[2020Sales]");
+    EXPECT_EQ(prepareBracket(u"Müller", 1), u"[Müller]");
+}
+
+TEST(BracketNames, BlankAndBadArguments) {
+    int32_t result = -5;
+    EXPECT_EQ(prepareBracket(u"   ", 0, 100, &result), u"   ");
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(prepareBracket(u"", 0, 100, &result), u"");
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(Tabra_PrepareNameForSql(nullptr, 10, 0), 0);
+    char16_t one[1] = {u'\0'};
+    EXPECT_EQ(Tabra_PrepareNameForSql(one, 0, 0), 0);
+}
+
+TEST(BracketNames, SmallBuffersAreCutNeverOverrun) {
+    // A buffer of 6 around "Orders": the bracketed name is cut to 5 characters.
+    char16_t guarded[8];
+    std::fill(std::begin(guarded), std::end(guarded), u'#');
+    std::u16string(u"Order").copy(guarded, 5);
+    guarded[5] = u'\0';
+    Tabra_PrepareNameForSql(guarded, 6, 0);
+    EXPECT_EQ(std::u16string(guarded), u"[Orde");
+    EXPECT_EQ(guarded[6], u'#');
+    EXPECT_EQ(guarded[7], u'#');
+}
+
+TEST(BracketNames, ListIsSplitAtTabsAndJoinedByComma) {
+    char16_t out[100];
+    Tabra_PrepareNameListForSql(u"Customers\tOrder Details", u';', out, 100, 1);
+    EXPECT_EQ(std::u16string(out), u"Customers,[Order Details]");
+    Tabra_PrepareNameListForSql(u"a\tb", u'\0', out, 100, 1);
+    EXPECT_EQ(std::u16string(out), u"");
+    Tabra_PrepareNameListForSql(nullptr, u'\t', out, 100, 1);
+    EXPECT_EQ(std::u16string(out), u"");
+    char16_t small[8];
+    std::fill(std::begin(small), std::end(small), u'#');
+    Tabra_PrepareNameListForSql(u"alpha\tbeta", u'\t', small, 6, 0);
+    EXPECT_EQ(std::u16string(small), u"[alph");
+    EXPECT_EQ(small[6], u'#');
+}
+
+TEST(NameParts, StripBracketsTrimsBlanksOfEachPart) {
+    char16_t name[64];
+    std::u16string(u"  dbo . Orders \t").copy(name, 17);
+    name[16] = u'\0';
+    Tabra_StripBracketsFromSqlName(name);
+    EXPECT_EQ(std::u16string(name), u"dbo.Orders");
+    Tabra_StripBracketsFromSqlName(nullptr); // no crash
+}
+
+TEST(NameParts, ParseSchemaAndTableWithoutConnection) {
+    char16_t schema[20], table[20];
+    Tabra_ParseSchemaAndTable(nullptr, u"dbo.Orders", schema, 20, table, 20);
+    EXPECT_EQ(std::u16string(schema), u"dbo");
+    EXPECT_EQ(std::u16string(table), u"Orders");
+    Tabra_ParseSchemaAndTable(nullptr, u"a.b.c", schema, 20, table, 20);
+    EXPECT_EQ(std::u16string(table), u"b");
+    Tabra_ParseSchemaAndTable(nullptr, u"Orders", schema, 20, table, 20);
+    EXPECT_EQ(std::u16string(schema), u"");
+    EXPECT_EQ(std::u16string(table), u"Orders");
+    Tabra_ParseSchemaAndTable(nullptr, nullptr, schema, 20, table, 20);
+    EXPECT_EQ(std::u16string(table), u"");
+    // Sizes below 2 write nothing at all.
+    std::u16string(u"keep").copy(table, 4);
+    table[4] = u'\0';
+    Tabra_ParseSchemaAndTable(nullptr, u"dbo.Orders", schema, 1, table, 20);
+    EXPECT_EQ(std::u16string(table), u"keep");
+    // Bounded copies.
+    char16_t shortSchema[3];
+    Tabra_ParseSchemaAndTable(nullptr, u"sales.Orders", shortSchema, 3, table, 4);
+    EXPECT_EQ(std::u16string(shortSchema), u"sa");
+    EXPECT_EQ(std::u16string(table), u"Ord");
+}
+
+std::u16string format(int32_t size, const char16_t *fmt, const char16_t *a1 = nullptr, const char16_t *a2 = nullptr,
+                      const char16_t *a3 = nullptr, const char16_t *a4 = nullptr, const char16_t *a5 = nullptr,
+                      const char16_t *a6 = nullptr, const char16_t *a7 = nullptr, const char16_t *a8 = nullptr) {
+    std::u16string buffer(static_cast<size_t>(size) + 4, u'#');
+    Tabra_SprintfSqlStatement(nullptr, buffer.data(), size, fmt, a1, a2, a3, a4, a5, a6, a7, a8);
+    for (size_t i = static_cast<size_t>(size); i < buffer.size(); ++i) EXPECT_EQ(buffer[i], u'#') << "overrun at " << i;
+    return std::u16string(buffer.c_str());
+}
+
+TEST(StatementFormatter, PlaceholderLanguage) {
+    EXPECT_EQ(format(100, u"UPDATE %t SET %s", u"Orders", u"Price = 1"), u"UPDATE Orders SET Price = 1");
+    EXPECT_EQ(format(100, u"100%%"), u"100");
+    EXPECT_EQ(format(100, u"SELECT %d1"), u"SELECT 1");
+    EXPECT_EQ(format(100, u"DROP TABLE %t%.%t", u"dbo", u"Orders"), u"DROP TABLE dbo.Orders");
+    EXPECT_EQ(format(100, u"DROP TABLE %t%.%t", u"", u"Orders"), u"DROP TABLE Orders");
+    EXPECT_EQ(format(100, u"%.%t", u"Orders"), u"Orders");
+    EXPECT_EQ(format(100, u"SELECT 1 %"), u"SELECT 1 ");
+    EXPECT_EQ(format(100, u"%s%s%s%s%s%s%s%s", u"1", u"2", u"3", u"4", u"5", u"6", u"7", u"8"), u"1234567s");
+    EXPECT_EQ(format(100, nullptr), u"");
+}
+
+TEST(StatementFormatter, CapacityIsAccountedAndNeverOverrun) {
+    EXPECT_EQ(format(1, u"SELECT"), u"");
+    EXPECT_EQ(format(2, u"SELECT"), u"");
+    EXPECT_EQ(format(10, u"SELECT * FROM %t", u"Orders"), u"SELECT *");
+    // A substitution needs its length plus 2: "SELECT " (7) leaves 5, "Orders" (6) does not fit.
+    EXPECT_EQ(format(12, u"SELECT %t", u"Orders"), u"SELECT ");
+    EXPECT_EQ(format(15, u"SELECT %t", u"Orders"), u"SELECT Orders");
+    // A %s argument is cut at 299 characters.
+    std::u16string longText(400, u'x');
+    EXPECT_EQ(format(1000, u"%s", longText.c_str()).size(), 299u);
+    // Substituted names are copied whole.
+    EXPECT_EQ(format(100, u"SELECT %f FROM %t", u"CustomerName", u"Customers"), u"SELECT CustomerName FROM Customers");
+}
+
+TEST(StatementFormatter, NullDestinationOrSizeDoNothing) {
+    Tabra_SprintfSqlStatement(nullptr, nullptr, 10, u"x", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                              nullptr, nullptr);
+    char16_t one[1] = {u'#'};
+    Tabra_SprintfSqlStatement(nullptr, one, 0, u"x", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                              nullptr);
+    EXPECT_EQ(one[0], u'#');
+}
+
+} // namespace
