@@ -1,0 +1,147 @@
+// The ODBC error dialog (template 10025 of the shipped English resource library) on
+// the GTK renderer: filled as the error display fills it, shown at the size its dialog
+// units give, read-only fields that look read-only, the hidden button hidden, and the
+// result of the button the user pressed.
+#include "gtk_test_support.h"
+
+#ifdef TABRA_WITH_GTK
+
+#include "platform/gtk/dialog_units.h"
+#include "platform/gtk/label_text.h"
+#include "support/odbc_handles.h"
+#include "support/private_data_sources.h"
+#include "tabra_connection.h"
+
+using namespace tabra::test;
+namespace automation = tabra::gtk::automation;
+
+namespace {
+
+constexpr int32_t kErrorDialog = 10025;
+
+// What the error display puts in the dialog for a failed SELECT on SQLite: the
+// bracketed parts of the diagnostic, its SQLSTATE, the rest of the text and the
+// statement.
+INT_PTR fillErrorDialog(HWND dialog, uint32_t message, WPARAM wParam, LPARAM) {
+    if (message == WM_INITDIALOG) {
+        SetDlgItemTextW(dialog, 2140, u"unixODBC");
+        SetDlgItemTextW(dialog, 2141, u"SQLite");
+        SetDlgItemTextW(dialog, 1006, u"");
+        SetDlgItemTextW(dialog, 2139, u"HY000");
+        SetDlgItemTextW(dialog, 2144, u"no such table: missing_orders (1)");
+        SetDlgItemTextW(dialog, 1014, u"SELECT \"order_id\", \"total\"\r\nFROM \"missing_orders\"\r\nWHERE \"total\" > 100");
+        ShowWindow(GetDlgItem(dialog, 1003), SW_HIDE);
+        return TRUE;
+    }
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+        EndDialog(dialog, LOWORD(wParam) == IDOK ? 1 : 2);
+        return TRUE;
+    }
+    return FALSE;
+}
+
+std::string entryText(GtkWidget *entry) { return entry && GTK_IS_ENTRY(entry) ? gtk_entry_get_text(GTK_ENTRY(entry)) : "?"; }
+
+std::string viewText(GtkWidget *view) {
+    if (!view || !GTK_IS_TEXT_VIEW(view)) return "?";
+    GtkTextBuffer *buffer = gtk_text_view_get_buffer(GTK_TEXT_VIEW(view));
+    GtkTextIter start, end;
+    gtk_text_buffer_get_bounds(buffer, &start, &end);
+    gchar *text = gtk_text_buffer_get_text(buffer, &start, &end, FALSE);
+    std::string copy = text;
+    g_free(text);
+    return copy;
+}
+
+class GtkRendererErrorDialog : public GtkRendererTest {};
+
+TEST_F(GtkRendererErrorDialog, ShowsTheDiagnosticAndEndsWithOk) {
+    HMODULE resources = englishResources();
+    ASSERT_NE(resources, nullptr);
+    onShown({[&](const automation::Shown &shown) {
+        EXPECT_EQ(shown.kind, automation::ShownKind::Dialog);
+        EXPECT_EQ(shown.id, kErrorDialog);
+        HWND dialog = shown.handle;
+        EXPECT_EQ(std::string(gtk_window_get_title(GTK_WINDOW(shown.window))), "ODBC Error");
+
+        // Engine text in the widgets; the multi-line edit shows "\r\n" as line breaks.
+        EXPECT_EQ(entryText(widgetOf(dialog, 2140)), "unixODBC");
+        EXPECT_EQ(entryText(widgetOf(dialog, 2141)), "SQLite");
+        EXPECT_EQ(entryText(widgetOf(dialog, 2139)), "HY000");
+        EXPECT_EQ(viewText(widgetOf(dialog, 2144)), "no such table: missing_orders (1)");
+        EXPECT_EQ(viewText(widgetOf(dialog, 1014)), "SELECT \"order_id\", \"total\"\nFROM \"missing_orders\"\nWHERE \"total\" > 100");
+
+        // Read-only edits cannot be typed into and are marked so.
+        GtkWidget *vendor = widgetOf(dialog, 2140);
+        EXPECT_FALSE(gtk_editable_get_editable(GTK_EDITABLE(vendor)));
+        EXPECT_TRUE(gtk_style_context_has_class(gtk_widget_get_style_context(vendor), "tabra-read-only"));
+        EXPECT_FALSE(gtk_text_view_get_editable(GTK_TEXT_VIEW(widgetOf(dialog, 2144))));
+
+        // The "More..." button is hidden; OK is the default button.
+        EXPECT_FALSE(gtk_widget_get_visible(widgetOf(dialog, 1003)));
+        EXPECT_EQ(gtk_window_get_default_widget(GTK_WINDOW(shown.window)), widgetOf(dialog, IDOK));
+
+        // The client area has the template's size in dialog units of its font.
+        auto units = tabra::gtk::measureBaseUnits(tabra::gtk::fontDescription(u"Sans", 8));
+        GtkWidget *area = gtk_bin_get_child(GTK_BIN(shown.window));
+        EXPECT_EQ(gtk_widget_get_allocated_width(area), tabra::gtk::horizontalPixels(320, units));
+        EXPECT_EQ(gtk_widget_get_allocated_height(area), tabra::gtk::verticalPixels(232, units));
+        // Controls lie where the template puts them and keep their size: the OK button
+        // at (209, 211), 50 x 14 units, does not grow into its neighbour.
+        GtkAllocation ok;
+        gtk_widget_get_allocation(widgetOf(dialog, IDOK), &ok);
+        EXPECT_EQ(ok.x, tabra::gtk::horizontalPixels(209, units));
+        EXPECT_EQ(ok.y, tabra::gtk::verticalPixels(211, units));
+        EXPECT_EQ(ok.width, tabra::gtk::horizontalPixels(50, units));
+        EXPECT_EQ(ok.height, tabra::gtk::verticalPixels(14, units));
+        GtkAllocation statement;
+        gtk_widget_get_allocation(gtk_widget_get_parent(widgetOf(dialog, 1014)), &statement);
+        EXPECT_LE(statement.y + statement.height, ok.y) << "the statement field overlaps the buttons";
+
+        saveScreenshot(shown.window, "odbc-error-dialog");
+        clickControl(dialog, IDOK);
+    }});
+    INT_PTR result = DialogBoxParamW(resources, kErrorDialog, nullptr, fillErrorDialog, 0);
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(shownCount(), 1u);
+    EXPECT_EQ(GetActiveWindow(), nullptr);
+}
+
+TEST_F(GtkRendererErrorDialog, CancelAndEscapeEndWithTwo) {
+    HMODULE resources = englishResources();
+    ASSERT_NE(resources, nullptr);
+    onShown({[&](const automation::Shown &shown) { clickControl(shown.handle, IDCANCEL); },
+             [&](const automation::Shown &shown) { EXPECT_TRUE(automation::pressKey(shown.window, GDK_KEY_Escape)); }});
+    EXPECT_EQ(DialogBoxParamW(resources, kErrorDialog, nullptr, fillErrorDialog, 0), 2) << "Cancel button";
+    EXPECT_EQ(DialogBoxParamW(resources, kErrorDialog, nullptr, fillErrorDialog, 0), 2) << "Escape key";
+    EXPECT_EQ(shownCount(), 2u);
+}
+
+TEST_F(GtkRendererErrorDialog, RealSqliteFailureShowsThroughTheErrorDisplay) {
+    PrivateDataSources::instance().freshSqliteDatabase();
+    OdbcConnection connection(dsn::SQLite);
+    OdbcStatement statement(connection);
+    const char16_t *sql = u"SELECT * FROM no_such_table_here";
+    ASSERT_EQ(SQLExecDirectW(statement.handle(), reinterpret_cast<SQLWCHAR *>(const_cast<char16_t *>(sql)), SQL_NTS),
+              SQL_ERROR);
+    auto records = diagnosticRecords(SQL_HANDLE_STMT, statement.handle());
+    ASSERT_FALSE(records.empty());
+    std::string state = tabra::gtk::utf8(records.front().state);
+    onShown({[&](const automation::Shown &shown) {
+        EXPECT_EQ(shown.id, kErrorDialog);
+        HWND dialog = shown.handle;
+        EXPECT_EQ(entryText(widgetOf(dialog, 2139)), state);
+        EXPECT_EQ(entryText(widgetOf(dialog, 2140)), "SQLite");
+        EXPECT_NE(entryText(widgetOf(dialog, 2141)).find("no such table"), std::string::npos);
+        EXPECT_EQ(viewText(widgetOf(dialog, 1014)), "SELECT * FROM no_such_table_here");
+        EXPECT_FALSE(gtk_widget_get_visible(widgetOf(dialog, 1003))) << "no further message for " << state;
+        saveScreenshot(shown.window, "odbc-error-dialog-sqlite");
+        clickControl(dialog, IDCANCEL);
+    }});
+    EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), sql), 2) << "Cancel";
+    EXPECT_EQ(shownCount(), 1u);
+}
+
+} // namespace
+
+#endif

@@ -1,0 +1,116 @@
+// Shared pieces of the GTK renderer tests (header only: the test build compiles
+// *_test.cpp). Tests whose suite names contain "Gtk" run under a virtual X server; they
+// skip when no display can be opened. Each test drives the real renderer: the
+// automation hook tells it when a window is on screen and drawn, the test looks at the
+// widgets, saves a screenshot, and acts through the display server as a user would.
+#pragma once
+
+#ifdef TABRA_WITH_GTK
+
+#include "platform/gtk/gtk_automation.h"
+#include "platform/gtk/gtk_session.h"
+#include "platform/resources/resource_module.h"
+#include "platform/resources/resource_script_file.h"
+#include "platform/window/renderer_selection.h"
+#include "tabra_window.h"
+
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tabra::test {
+
+// Where the screenshots go: TABRA_SCREENSHOT_DIR, else "screenshots" in the build tree.
+inline std::filesystem::path screenshotDirectory() {
+    std::filesystem::path directory;
+    if (const char *configured = std::getenv("TABRA_SCREENSHOT_DIR"); configured && *configured) directory = configured;
+    else if (const char *build = std::getenv("TABRA_RESOURCE_DIR"); build && *build) directory = std::filesystem::path(build) / "screenshots";
+    else directory = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "screenshots";
+    std::filesystem::create_directories(directory);
+    return directory;
+}
+
+inline std::string screenshotPath(const std::string &name) { return (screenshotDirectory() / (name + ".png")).string(); }
+
+// The shipped English resource library, loaded from the build tree's language folder.
+inline HMODULE englishResources() {
+    static HMODULE module = [] {
+        std::filesystem::path directory;
+        if (const char *configured = std::getenv("TABRA_RESOURCE_DIR"); configured && *configured) directory = configured;
+        else directory = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
+        std::string error;
+        auto loaded = platform::readResourceScriptFile((directory / "en" / "tabraRes.rc").string(), error);
+        if (!loaded) {
+            ADD_FAILURE() << error;
+            return static_cast<HMODULE>(nullptr);
+        }
+        return platform::adoptResourceModule(std::move(loaded));
+    }();
+    return module;
+}
+
+// Runs every test on the GTK renderer, or skips it when there is no display. A test
+// that hangs (a window nobody answers) ends the process after a minute rather than at
+// the test runner's time limit.
+class GtkRendererTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        setenv("GSETTINGS_BACKEND", "memory", 0);
+        setenv("NO_AT_BRIDGE", "1", 0);
+        // Clicks and keys the tests send through the display server arrive as core
+        // events, which GDK reads only in this mode (the test programs of GTK do the same).
+        setenv("GDK_CORE_DEVICE_EVENTS", "1", 0);
+        const char *display = std::getenv("DISPLAY");
+        if (!display || !*display) GTEST_SKIP() << "no display (run under xvfb-run)";
+        if (std::string(window::activeRenderer().name()) != "gtk") GTEST_SKIP() << "the GTK renderer is not in use";
+        watchdog_ = g_timeout_add_seconds(60, [](gpointer) -> gboolean {
+            std::fprintf(stderr, "GTK renderer test: no answer after 60 s; giving up\n");
+            std::abort();
+        }, nullptr);
+    }
+    void TearDown() override {
+        gtk::automation::setShownCallback({});
+        if (watchdog_) g_source_remove(watchdog_);
+    }
+
+    // Calls `act` for each window shown, in order; windows beyond the list fail the
+    // test and are left to the watchdog.
+    void onShown(std::vector<std::function<void(const gtk::automation::Shown &)>> acts) {
+        acts_ = std::move(acts);
+        next_ = 0;
+        gtk::automation::setShownCallback([this](const gtk::automation::Shown &shown) {
+            if (next_ >= acts_.size()) {
+                ADD_FAILURE() << "unexpected " << gtk::automation::shownKindName(shown.kind) << " " << shown.id;
+                return;
+            }
+            acts_[next_++](shown);
+        });
+    }
+    std::size_t shownCount() const { return next_; }
+
+    // Clicks the widget of a control through the display server.
+    static void clickControl(HWND dialog, int32_t id) {
+        GtkWidget *widget = gtk::automation::widgetOf(GetDlgItem(dialog, id));
+        ASSERT_NE(widget, nullptr) << "control " << id;
+        EXPECT_TRUE(gtk::automation::click(widget)) << "control " << id;
+    }
+    static GtkWidget *widgetOf(HWND dialog, int32_t id) { return gtk::automation::widgetOf(GetDlgItem(dialog, id)); }
+    static void saveScreenshot(GtkWidget *window, const std::string &name) {
+        EXPECT_TRUE(gtk::automation::saveWindowImage(window, screenshotPath(name))) << name;
+    }
+
+private:
+    guint watchdog_ = 0;
+    std::vector<std::function<void(const gtk::automation::Shown &)>> acts_;
+    std::size_t next_ = 0;
+};
+
+} // namespace tabra::test
+
+#endif

@@ -1,0 +1,84 @@
+// Message boxes on the GTK renderer: the question of the shipped string table with
+// its insert, Yes/No buttons with No as default, and the answer of the button the
+// user pressed; closing a box that has a Cancel button answers Cancel, and a box
+// without a way out cannot be closed.
+#include "gtk_test_support.h"
+
+#ifdef TABRA_WITH_GTK
+
+#include "ostrel_ui.h"
+
+using namespace tabra::test;
+namespace automation = tabra::gtk::automation;
+
+namespace {
+
+class GtkRendererMessageBox : public GtkRendererTest {};
+
+std::string messageText(GtkWidget *box) {
+    gchar *text = nullptr;
+    g_object_get(box, "text", &text, nullptr);
+    std::string copy = text ? text : "";
+    g_free(text);
+    return copy;
+}
+
+TEST_F(GtkRendererMessageBox, QuestionFromTheStringTableAnswersTheButtonPressed) {
+    HMODULE resources = englishResources();
+    ASSERT_NE(resources, nullptr);
+    onShown({[&](const automation::Shown &shown) {
+        EXPECT_EQ(shown.kind, automation::ShownKind::MessageBox);
+        EXPECT_EQ(shown.id, 1702);
+        EXPECT_EQ(std::string(gtk_window_get_title(GTK_WINDOW(shown.window))), "Tabra");
+        EXPECT_EQ(messageText(shown.window), "Do you really want to delete the table \"Orders\" with all its data?");
+        GtkWidget *yes = automation::messageBoxButton(shown.window, IDYES);
+        GtkWidget *no = automation::messageBoxButton(shown.window, IDNO);
+        ASSERT_NE(yes, nullptr);
+        ASSERT_NE(no, nullptr);
+        EXPECT_EQ(automation::messageBoxButton(shown.window, IDCANCEL), nullptr);
+        EXPECT_TRUE(gtk_widget_has_default(no)) << "MB_DEFBUTTON2 makes No the default";
+        EXPECT_FALSE(gtk_window_get_deletable(GTK_WINDOW(shown.window))) << "Yes/No offers no way out";
+        saveScreenshot(shown.window, "message-box-yes-no");
+        EXPECT_TRUE(automation::click(yes));
+    }});
+    OstrelMessageBoxRequest request{};
+    request.module = resources;
+    request.captionId = 2900;
+    request.textId = 1702;
+    request.insert1 = u"\"Orders\"";
+    request.flag = 1;
+    EXPECT_EQ(Ostrel_Message_Box(&request), IDYES);
+    EXPECT_EQ(shownCount(), 1u);
+}
+
+TEST_F(GtkRendererMessageBox, EachButtonAnswersItsOwnValue) {
+    onShown({[](const automation::Shown &shown) { automation::click(automation::messageBoxButton(shown.window, IDNO)); },
+             [](const automation::Shown &shown) { automation::click(automation::messageBoxButton(shown.window, IDRETRY)); },
+             [](const automation::Shown &shown) { automation::click(automation::messageBoxButton(shown.window, IDOK)); }});
+    EXPECT_EQ(MessageBoxW(nullptr, u"Save the changes?", u"Editor", MB_YESNOCANCEL | MB_ICONQUESTION), IDNO);
+    EXPECT_EQ(MessageBoxW(nullptr, u"The file is locked.", u"Editor", MB_RETRYCANCEL | MB_ICONWARNING), IDRETRY);
+    EXPECT_EQ(MessageBoxW(nullptr, u"Done.", nullptr, MB_OK), IDOK);
+    EXPECT_EQ(shownCount(), 3u);
+}
+
+TEST_F(GtkRendererMessageBox, EscapeAnswersCancelWhereThereIsOne) {
+    onShown({[](const automation::Shown &shown) {
+                 EXPECT_TRUE(gtk_window_get_deletable(GTK_WINDOW(shown.window)));
+                 automation::pressKey(shown.window, GDK_KEY_Escape);
+             },
+             [](const automation::Shown &shown) {
+                 // Without Cancel the box stays: Escape does nothing, then the user answers.
+                 automation::pressKey(shown.window, GDK_KEY_Escape);
+                 GtkWidget *no = automation::messageBoxButton(shown.window, IDNO);
+                 g_timeout_add(100, [](gpointer button) -> gboolean {
+                     automation::click(static_cast<GtkWidget *>(button));
+                     return G_SOURCE_REMOVE;
+                 }, no);
+             }});
+    EXPECT_EQ(MessageBoxW(nullptr, u"Stop the export?", u"Export", MB_OKCANCEL), IDCANCEL);
+    EXPECT_EQ(MessageBoxW(nullptr, u"Delete the column?", u"Columns", MB_YESNO), IDNO);
+}
+
+} // namespace
+
+#endif

@@ -1,0 +1,91 @@
+// Every dialog of the shipped resource libraries (English and German) on the GTK
+// renderer: texts fit their controls (a label that needs a second line it has no room
+// for, or a button too narrow for its caption, is a layout fault of the template or of
+// the renderer's sizes). A screenshot of each is saved for a person to look at.
+#include "gtk_test_support.h"
+
+#ifdef TABRA_WITH_GTK
+
+#include "platform/gtk/label_text.h"
+#include "platform/window/window_registry.h"
+
+using namespace tabra::test;
+namespace automation = tabra::gtk::automation;
+
+namespace {
+
+// A label may be a few pixels taller than its rectangle (GTK's line height exceeds the
+// font height the dialog units come from), not a line taller.
+constexpr int kHeightSlack = 5;
+
+HMODULE shippedLibrary(const std::string &language) {
+    std::filesystem::path directory;
+    if (const char *configured = std::getenv("TABRA_RESOURCE_DIR"); configured && *configured) directory = configured;
+    else directory = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
+    std::string error;
+    auto loaded = tabra::platform::readResourceScriptFile((directory / language / "tabraRes.rc").string(), error);
+    if (!loaded) {
+        ADD_FAILURE() << error;
+        return nullptr;
+    }
+    return tabra::platform::adoptResourceModule(std::move(loaded));
+}
+
+INT_PTR closingProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM) {
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) EndDialog(dialog, LOWORD(wParam));
+    return message == WM_INITDIALOG;
+}
+
+// Checks the texts of the dialog's visible controls against their rectangles.
+void expectTextsFit(HWND dialog, const std::string &where) {
+    auto window = tabra::window::findWindow(dialog);
+    ASSERT_NE(window, nullptr);
+    for (HWND child : window->children) {
+        auto control = tabra::window::findWindow(child);
+        GtkWidget *widget = control ? automation::widgetOf(child) : nullptr;
+        if (!widget || !control->visible || control->text.empty()) continue;
+        std::string name = where + " control " + std::to_string(control->id) + " \"" + tabra::gtk::utf8(control->text) + "\"";
+        GtkAllocation area;
+        gtk_widget_get_allocation(widget, &area);
+        if (GTK_IS_LABEL(widget)) {
+            int needed = 0;
+            gtk_widget_get_preferred_height_for_width(widget, area.width, &needed, nullptr);
+            int given = gtk_widget_get_allocated_height(widget);
+            GtkRequisition requested;
+            gtk_widget_get_size_request(widget, &requested.width, &requested.height);
+            EXPECT_LE(needed, requested.height + kHeightSlack) << name << " needs " << needed << " pixels, has " << given;
+        } else if (GTK_IS_BUTTON(widget) && !GTK_IS_FRAME(widget)) {
+            int natural = 0;
+            gtk_widget_get_preferred_width(widget, nullptr, &natural);
+            EXPECT_LE(natural, area.width) << name << " wants " << natural << " pixels across, has " << area.width;
+        }
+    }
+}
+
+class GtkRendererShippedDialogs : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(GtkRendererShippedDialogs, TextsFitTheirControls) {
+    HMODULE library = shippedLibrary(GetParam());
+    ASSERT_NE(library, nullptr);
+    const auto *tables = tabra::platform::resourceTablesOf(library);
+    ASSERT_NE(tables, nullptr);
+    for (const auto &[id, dialog] : tables->dialogs) {
+        if (dialog.childPage) continue; // pages are shown inside their dialogs
+        std::string where = GetParam() + " dialog " + std::to_string(id);
+        onShown({[&](const automation::Shown &shown) {
+            expectTextsFit(shown.handle, where);
+            saveScreenshot(shown.window, "shipped-" + GetParam() + "-" + std::to_string(id));
+            automation::pressKey(shown.window, GDK_KEY_Escape);
+        }});
+        EXPECT_EQ(DialogBoxParamW(library, id, nullptr, closingProcedure, 0), IDCANCEL) << where;
+        EXPECT_EQ(shownCount(), 1u) << where;
+    }
+    tabra::platform::releaseResourceModule(library);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererShippedDialogs, ::testing::Values("en", "de"),
+                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+
+} // namespace
+
+#endif
