@@ -136,6 +136,21 @@ TEST_F(DataSourceConnectionTestDriverTest, AnUnknownDataSourceShowsTheDriverMana
     EXPECT_EQ(run.closedControlText(10025, 2141), u"Driver Manager");
 }
 
+TEST_F(DataSourceConnectionTestDriverTest, EmptyLoginFieldsReachTheDriverAsNull) {
+    {
+        HandlePair pair;
+        DataSourceInfo record = recordOf(dsn::TestDriver, u"", u"");
+        ASSERT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), 0);
+        EXPECT_EQ(testDriverLastLogin().userGiven, 0);
+        EXPECT_EQ(testDriverLastLogin().passwordGiven, 0);
+    }
+    HandlePair pair;
+    DataSourceInfo record = recordOf(dsn::TestDriver, u"scott", u"");
+    ASSERT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), 0);
+    EXPECT_EQ(testDriverLastLogin().userGiven, 1);
+    EXPECT_EQ(testDriverLastLogin().passwordGiven, 0);
+}
+
 TEST_F(DataSourceConnectionTestDriverTest, InformationalConnectIsSuccessWithoutAMessage) {
     HandlePair pair;
     DataSourceInfo record = recordOf(dsn::ConnectInfo);

@@ -17,6 +17,7 @@ struct Control {
     decltype(&TabraTestDriver_GetStatementsFreedByDisconnect) getStatementsFreedByDisconnect;
     decltype(&TabraTestDriver_GetConnectionCounts) getConnectionCounts;
     decltype(&TabraTestDriver_ResetCounts) resetCounts;
+    decltype(&TabraTestDriver_GetLastLogin) getLastLogin;
 };
 
 template <typename Function>
@@ -37,6 +38,7 @@ const Control &control() {
                 library, "TabraTestDriver_GetStatementsFreedByDisconnect"),
             lookUp<decltype(&TabraTestDriver_GetConnectionCounts)>(library, "TabraTestDriver_GetConnectionCounts"),
             lookUp<decltype(&TabraTestDriver_ResetCounts)>(library, "TabraTestDriver_ResetCounts"),
+            lookUp<decltype(&TabraTestDriver_GetLastLogin)>(library, "TabraTestDriver_GetLastLogin"),
         };
     }();
     return instance;
@@ -58,5 +60,11 @@ ConnectionCounts testDriverConnectionCounts() {
 }
 
 void resetTestDriverCounts() { control().resetCounts(); }
+
+LastLogin testDriverLastLogin() {
+    LastLogin login;
+    control().getLastLogin(&login.userGiven, &login.passwordGiven);
+    return login;
+}
 
 } // namespace tabra::test

@@ -23,6 +23,14 @@ struct ConnectionCounts {
 
 StatementCounts testDriverStatementCounts();
 ConnectionCounts testDriverConnectionCounts();
+// Whether the last SQLConnect that reached the driver got a user and a password
+// pointer (1) or null (0); -1 before any connect.
+struct LastLogin {
+    int32_t userGiven = -1;
+    int32_t passwordGiven = -1;
+};
+LastLogin testDriverLastLogin();
+
 // Zeroes the counts; call while no test-driver handle is open.
 void resetTestDriverCounts();
 

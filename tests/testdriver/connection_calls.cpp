@@ -5,8 +5,14 @@
 #include "driver_entry.h"
 #include "handle_registry.h"
 
+#include <atomic>
+
 namespace tabra::testdriver {
 namespace {
+
+// Whether the last SQLConnect got a user and a password at all (not null).
+std::atomic<int32_t> lastUserGiven{-1};
+std::atomic<int32_t> lastPasswordGiven{-1};
 
 bool succeeded(SQLRETURN rc) { return rc == SQL_SUCCESS || rc == SQL_SUCCESS_WITH_INFO; }
 
@@ -72,6 +78,8 @@ TABRA_DRIVER_EXPORT SQLRETURN SQL_API SQLConnect(SQLHDBC ConnectionHandle, SQLCH
                                                  SQLSMALLINT NameLength3) {
     enter("SQLConnect", ConnectionHandle);
     DataSourceSettings settings = readDataSourceSettings(odbcString(ServerName, NameLength1));
+    lastUserGiven = UserName != nullptr;
+    lastPasswordGiven = Authentication != nullptr;
     SQLRETURN rc = TABRA_REAL(SQLConnect)(ConnectionHandle, ServerName, NameLength1, UserName, NameLength2,
                                           Authentication, NameLength3);
     return connected(ConnectionHandle, rc, std::move(settings));
@@ -93,4 +101,10 @@ TABRA_DRIVER_EXPORT SQLRETURN SQL_API SQLDisconnect(SQLHDBC ConnectionHandle) {
     SQLRETURN rc = TABRA_REAL(SQLDisconnect)(ConnectionHandle);
     if (succeeded(rc)) connectionClosed(ConnectionHandle);
     return rc;
+}
+
+extern "C" __attribute__((visibility("default"))) void TabraTestDriver_GetLastLogin(int32_t *userGiven,
+                                                                                   int32_t *passwordGiven) {
+    if (userGiven) *userGiven = lastUserGiven;
+    if (passwordGiven) *passwordGiven = lastPasswordGiven;
 }

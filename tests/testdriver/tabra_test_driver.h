@@ -27,6 +27,10 @@ void TabraTestDriver_GetConnectionCounts(int64_t *opened, int64_t *closed);
  * counts, so reset while nothing is open. */
 void TabraTestDriver_ResetCounts(void);
 
+/* What the last SQLConnect received for the user and the password: 1 when a value
+ * (possibly empty) was passed, 0 when the pointer was null. Either pointer may be null. */
+void TabraTestDriver_GetLastLogin(int32_t *userGiven, int32_t *passwordGiven);
+
 #ifdef __cplusplus
 }
 #endif
