@@ -1,11 +1,15 @@
-// tabra-demo: a host program of the Tabra library. It connects to a data source (the
-// demo database by default) and prints what it finds: the library's version, the
-// database product, and the tables and views with their row counts.
+// tabra-demo: a host program of the Tabra library. It opens the library's data source
+// dialog on a data source (the demo database by default), connects through the
+// library and prints what it finds: the connection's description, and the tables and
+// views with their row counts.
 //
-//   tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE]
+//   tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE] [--tables]
 //
-// --script names a file of scripted dialog answers, for running the library's dialogs
-// without a user; it is read and kept for that.
+// --tables adds the library's own catalog listing: each table with its record count
+// and its columns (name and type code), the primary key, and a free table name.
+// --script names a file of scripted dialog answers (the script language of
+// tabra_script.h), for running the library's dialogs without a user. Without a script
+// the dialogs show on the display, or, when there is none, take their default answers.
 #include <tabra.h>
 
 #include <langinfo.h>
@@ -14,10 +18,13 @@
 
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <optional>
 #include <string>
+#include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 namespace {
@@ -27,10 +34,11 @@ struct Options {
     std::string user;
     std::string password;
     std::optional<std::string> scriptFile;
+    bool tables = false; // --tables: the library's catalog listing
 };
 
 void printUsage(std::FILE *out) {
-    std::fprintf(out, "usage: tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE]\n");
+    std::fprintf(out, "usage: tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE] [--tables]\n");
 }
 
 // Reads the command line; nothing when it is wrong (after saying why).
@@ -58,6 +66,8 @@ std::optional<Options> parseOptions(int argc, char **argv) {
         } else if (argument == "--password") {
             if (!(given = value("--password"))) return std::nullopt;
             options.password = *given;
+        } else if (argument == "--tables") {
+            options.tables = true;
         } else if (argument == "--script") {
             if (!(given = value("--script"))) return std::nullopt;
             options.scriptFile = *given;
@@ -215,6 +225,91 @@ std::string withThousands(long long value) {
 
 } // namespace
 
+// The catalog through the library: tables, record counts, columns, keys, a free name.
+void printCatalog(SQLHDBC connection) {
+    std::vector<char16_t> list(30000);
+    if (Tabra_GetTables(connection, TABRA_TABLE_TYPE_TABLE, list.data(), 30000, u"\t") != 0) return;
+    std::printf("Tables (library catalog):\n");
+    char16_t table[200];
+    int32_t position = 0;
+    while (Ostrel_ReadToken(list.data(), &position, u'\t', table, 200) == 1) {
+        std::printf("  %s: %d records\n", toUtf8(table).c_str(), Tabra_GetRecordCount(connection, table, 0));
+        std::vector<char16_t> fields(30000);
+        Tabra_GetFields(connection, table, TABRA_FIELDS_WITH_TYPE, u"\t", fields.data(), 30000);
+        char16_t name[200], type[20];
+        int32_t at = 0;
+        while (Ostrel_ReadToken(fields.data(), &at, u'\t', name, 200) == 1 &&
+               Ostrel_ReadToken(fields.data(), &at, u'\t', type, 20) == 1) {
+            int32_t code = Tabra_SqlDataTypeToTabraDataType(std::atoi(toUtf8(type).c_str()));
+            std::printf("    %-24s ODBC type %-4s library type %d\n", toUtf8(name).c_str(), toUtf8(type).c_str(),
+                        code);
+        }
+        char16_t keys[300] = {};
+        if (Tabra_GetPrimaryKeyColumns(connection, table, 0, u", ", keys, 300) == 1 && keys[0] != u'\0')
+            std::printf("    primary key: %s\n", toUtf8(keys).c_str());
+    }
+    char16_t unique[100] = u"Orders";
+    Tabra_CreateUniqueTableName(connection, unique, 100);
+    std::printf("A free table name for \"Orders\": %s\n", toUtf8(unique).c_str());
+}
+
+const char *databaseTypeName(int32_t type) {
+    static const char *const names[] = {"other", "Progress", "MySQL", "Access", "SQL Server", "Excel", "Oracle"};
+    return type >= 0 && type <= 6 ? names[type] : "?";
+}
+
+// Dialogs are answered by a script when one is given, or by their default buttons when
+// there is no display to show them on; otherwise the user answers them on screen.
+bool prepareDialogs(const Options &options) {
+    const char *display = std::getenv("DISPLAY");
+    if (options.scriptFile) {
+        TabraScript_Begin();
+        if (TabraScript_LoadFile(options.scriptFile->c_str()) < 0) {
+            char error[512];
+            TabraScript_LastError(error, sizeof error);
+            std::fprintf(stderr, "tabra-demo: %s\n", error);
+            return false;
+        }
+        std::printf("Dialogs are answered by the script %s\n", options.scriptFile->c_str());
+    } else if (!display || !*display) {
+        TabraScript_Begin();
+        TabraScript_QueueUtf8("dialog 103: click 1");
+        std::printf("No display: the data source dialog is answered with its default (OK)\n");
+    }
+    return true;
+}
+
+// After a scripted run: the report when the script did not go as written.
+bool scriptWentWell() {
+    if (!TabraScript_Failed()) return true;
+    std::string report(static_cast<size_t>(TabraScript_ReportUtf8(nullptr, 0)) + 1, '\0');
+    TabraScript_ReportUtf8(report.data(), static_cast<int32_t>(report.size()));
+    std::fprintf(stderr, "tabra-demo: the dialog script failed:\n%s\n", report.c_str());
+    return false;
+}
+
+void copyField(const std::string &text, char16_t *field, size_t width) {
+    std::u16string wide = toUtf16(text);
+    size_t n = std::min(wide.size(), width - 1);
+    wide.copy(field, n);
+    field[n] = u'\0';
+}
+
+// The connection's own description, as the library reports it.
+void printConnectionInfo(SQLHDBC connection) {
+    char16_t text[200] = {};
+    Tabra_GetDataSourceName(connection, text, 200);
+    std::printf("Data source:     %s\n", toUtf8(text).c_str());
+    Tabra_GetDatabaseName(connection, text, 200);
+    std::printf("Database:        %s\n", toUtf8(text).c_str());
+    std::printf("Database type:   %s\n", databaseTypeName(Tabra_GetDatabaseType(connection)));
+    Tabra_GetDriverVersion(connection, text, 200);
+    std::printf("Driver version:  %s\n", toUtf8(text).c_str());
+    char16_t quote[2] = {Tabra_GetDelimiter(connection), u'\0'};
+    std::printf("Quote character: '%s'\n", toUtf8(quote).c_str());
+    std::printf("Schema usage:    0x%x\n", static_cast<unsigned>(Tabra_GetSchemaUsage(connection)));
+}
+
 int main(int argc, char **argv) {
     std::optional<Options> options = parseOptions(argc, argv);
     if (!options) {
@@ -223,27 +318,35 @@ int main(int argc, char **argv) {
     }
     useUtf8CharacterType();
 
-    std::string script;
-    if (options->scriptFile) {
-        std::ifstream file(*options->scriptFile, std::ios::binary);
-        if (!file) {
-            std::fprintf(stderr, "tabra-demo: cannot read script %s\n", options->scriptFile->c_str());
-            return 2;
-        }
-        script.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    }
-
     char16_t version[32] = {};
     Tabra_GetVersion(version, 32);
     std::printf("Tabra %s demo host\n", toUtf8(version).c_str());
-    if (options->scriptFile)
-        std::printf("Dialog script: %s (%zu bytes)\n", options->scriptFile->c_str(), script.size());
+    if (!prepareDialogs(*options)) return 2;
 
+    // The user confirms (or changes) the data source and login in the data source dialog.
+    DataSourceInfo record{};
+    copyField(options->dataSource, record.DataSourceName, 100);
+    copyField(options->user, record.UserId, 50);
+    copyField(options->password, record.Password, 50);
+    if (Tabra_DataSourceDialog(&record) != 1) {
+        std::fprintf(stderr, "tabra-demo: no data source was chosen\n");
+        scriptWentWell();
+        return 1;
+    }
+    SQLHENV environment = SQL_NULL_HENV;
+    SQLHDBC libraryConnection = SQL_NULL_HDBC;
+    if (Tabra_ConnectDataSource(&record, &environment, &libraryConnection) != 0) {
+        scriptWentWell();
+        return 1;
+    }
+    printConnectionInfo(libraryConnection);
+    Tabra_DisconnectDataSource(&environment, &libraryConnection);
+
+    options->dataSource = toUtf8(record.DataSourceName);
+    options->user = toUtf8(record.UserId);
+    options->password = toUtf8(record.Password);
     Connection connection;
     if (!connection.open(*options)) return 1;
-    std::printf("Data source %s: %s %s\n", options->dataSource.c_str(),
-                toUtf8(connection.infoText(SQL_DBMS_NAME)).c_str(), toUtf8(connection.infoText(SQL_DBMS_VER)).c_str());
-
     std::u16string quote = connection.infoText(SQL_IDENTIFIER_QUOTE_CHAR);
     if (quote == u" ") quote.clear();
     std::vector<Table> tables = listTables(connection);
@@ -254,5 +357,6 @@ int main(int argc, char **argv) {
         std::printf("  %-24s %-6s %12s rows\n", name.c_str(), toUtf8(table.type).c_str(),
                     rows ? withThousands(*rows).c_str() : "?");
     }
-    return 0;
+    if (options->tables) printCatalog(connection.handle());
+    return scriptWentWell() ? 0 : 1;
 }
