@@ -48,10 +48,10 @@ bool isAllSpaces(std::u16string_view text) {
 }
 
 std::u16string quoteStringOf(SQLHDBC connection) {
-    char16_t quote[5] = {};
+    char16_t quote[11] = {}; // 10 handed over; some drivers count it in characters
     SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, sizeof quote, &length);
-    quote[4] = u'\0';
+    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, 10, &length);
+    quote[4] = u'\0'; // a quote string has at most 4 characters
     if (length < 1 || quote[0] == u' ') return {};
     return std::u16string(quote);
 }

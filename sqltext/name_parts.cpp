@@ -21,9 +21,9 @@ extern "C" void Tabra_StripDelimitersFromName(SQLHDBC connection, char16_t *name
     if (name == nullptr) return;
     // The reply is not tested: without a connection no quote character is known and
     // only the blanks are trimmed.
-    char16_t reply[5] = {};
+    char16_t reply[11] = {}; // 10 handed over; some drivers count it in characters
     SQLSMALLINT length = 0;
-    if (connection != SQL_NULL_HDBC) SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, reply, sizeof reply, &length);
+    if (connection != SQL_NULL_HDBC) SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, reply, 10, &length);
     char16_t quote = reply[0];
 
     std::u16string joined;

@@ -71,10 +71,10 @@ extern "C" void Tabra_QuoteNameIfNotPureSql(SQLHDBC connection, char16_t *name, 
     if (isPlainIdentifier(current)) return;
     // No stripping and no test for a driver that does not quote: a space quote string
     // wraps the name in spaces, and a quoted name is quoted again.
-    char16_t quote[5] = {};
+    char16_t quote[11] = {}; // 10 handed over; some drivers count it in characters
     SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, sizeof quote, &length);
-    quote[4] = u'\0';
+    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, 10, &length);
+    quote[4] = u'\0'; // a quote string has at most 4 characters
     std::u16string wrapped = wrapBounded(current, quote, static_cast<size_t>(size));
     OstrelCopyString(name, wrapped.c_str(), size);
 }

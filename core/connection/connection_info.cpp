@@ -51,9 +51,12 @@ extern "C" SQLRETURN Tabra_GetDriverVersion(SQLHDBC connection, char16_t *buffer
 }
 
 extern "C" int32_t Tabra_GetDatabaseType(SQLHDBC connection) {
-    char16_t name[50] = {};
+    // 100 is handed over as the buffer length; the driver manager counts it in
+    // characters for some drivers, so the buffer has room for 100 characters, and the
+    // name is read as the first 49 of them.
+    char16_t name[101] = {};
     SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_DBMS_NAME, name, sizeof name, &length);
+    SQLGetInfoW(connection, SQL_DBMS_NAME, name, 100, &length);
     name[49] = u'\0';
     std::u16string_view dbms(name);
     if (equalsIgnoringCase(dbms, u"MICROSOFT SQL SERVER")) return DbSqlServer;
@@ -66,9 +69,9 @@ extern "C" int32_t Tabra_GetDatabaseType(SQLHDBC connection) {
 }
 
 extern "C" char16_t Tabra_GetDelimiter(SQLHDBC connection) {
-    char16_t quote[5] = {};
+    char16_t quote[11] = {}; // room for 10 characters: see Tabra_GetDatabaseType
     SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, sizeof quote, &length);
+    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, 10, &length);
     return quote[0];
 }
 

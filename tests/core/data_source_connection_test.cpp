@@ -193,6 +193,7 @@ TEST_F(DataSourceConnectionTestDriverTest, DatabaseTypeComesFromTheDbmsName) {
         {"Oracl", DbOther},            {"MySQL", DbMySql},          {"MySQL Server", DbOther},
         {"PROGRESS", DbProgress},      {"Excel", DbExcel},          {"EXCEL 2003", DbOther},
         {"SQLite", DbOther},           {"", DbOther},
+        {"Oracle, told with a product name far longer than fifty characters", DbOracle},
     };
     for (const Case &c : cases) {
         std::u16string source = addDataSource({{"DBMSName", c.dbmsName}});
