@@ -46,10 +46,10 @@ trap cleanup EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-build() { # directory build-type sanitize
+build() { # directory build-type sanitize [cmake options]
     local dir="$BUILD_ROOT/$1"
     step "Build $1 ($2, sanitizers $3)"
-    cmake -S "$ROOT" -B "$dir" -DCMAKE_BUILD_TYPE="$2" -DTABRA_SANITIZE="$3" >"$WORK/configure-$1.log" 2>&1 \
+    cmake -S "$ROOT" -B "$dir" -DCMAKE_BUILD_TYPE="$2" -DTABRA_SANITIZE="$3" "${@:4}" >"$WORK/configure-$1.log" 2>&1 \
         || { cat "$WORK/configure-$1.log"; return 1; }
     # Progress lines are left out; warnings and errors show.
     { cmake --build "$dir" -j "$JOBS" 2>&1; echo $? >"$WORK/build-status"; } \
@@ -135,7 +135,7 @@ C
 
 build build RelWithDebInfo OFF
 if [[ "${TABRA_SKIP_ASAN:-}" != 1 ]]; then
-    build build-asan Debug ON
+    build build-asan Debug ON -DTABRA_BUILD_BENCH=OFF
 fi
 
 step "Servers"

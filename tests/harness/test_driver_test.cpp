@@ -132,6 +132,14 @@ TEST_F(TestDriverFunctionsTest, HidesPrimaryKeysInEveryFormWhenToldTo) {
     SQLUSMALLINT tables = SQL_FALSE;
     SQLGetFunctions(connection.handle(), SQL_API_SQLTABLES, &tables);
     EXPECT_EQ(tables, SQL_TRUE);
+    // The driver manager believes it and refuses the call itself.
+    executeSql(connection, u"CREATE TABLE keyed (id INTEGER PRIMARY KEY)");
+    OdbcStatement statement(connection);
+    std::u16string table = u"keyed";
+    EXPECT_EQ(SQLPrimaryKeysW(statement.handle(), nullptr, 0, nullptr, 0, sqlText(table), SQL_NTS), SQL_ERROR);
+    std::vector<DiagnosticRecord> records = diagnosticRecords(SQL_HANDLE_STMT, statement.handle());
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0].state, u"IM001");
 }
 
 // --- Statement and connection counts ---------------------------------------------

@@ -18,5 +18,9 @@ Function realFunction(const char *name) {
 
 } // namespace tabra::testdriver
 
-// Calls the real driver's function of the same name with the given arguments.
-#define TABRA_REAL(name) (::tabra::testdriver::realFunction<decltype(&::name)>(#name))
+// The real driver's function of the same name (looked up once per call site).
+#define TABRA_REAL(name)                                                                                       \
+    ([] {                                                                                                      \
+        static const auto function = ::tabra::testdriver::realFunction<decltype(&::name)>(#name);             \
+        return function;                                                                                       \
+    }())
