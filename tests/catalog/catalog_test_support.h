@@ -1,0 +1,95 @@
+// Shared helpers of the catalog tests: table lists as vectors, names quoted for each
+// backend (independent of the library's quoting), and a check that nothing was shown.
+#pragma once
+
+#include "support/backend_test.h"
+#include "support/scripted_run.h"
+#include "support/test_text.h"
+#include "tabra_catalog.h"
+#include "window/window_test_support.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace tabra::test {
+
+inline std::vector<std::u16string> splitList(std::u16string_view text, char16_t separator = u'\t') {
+    std::vector<std::u16string> items;
+    if (text.empty()) return items;
+    size_t start = 0;
+    for (;;) {
+        auto end = text.find(separator, start);
+        items.emplace_back(text.substr(start, end == std::u16string_view::npos ? text.npos : end - start));
+        if (end == std::u16string_view::npos) break;
+        start = end + 1;
+    }
+    return items;
+}
+
+inline bool contains(const std::vector<std::u16string> &items, std::u16string_view item) {
+    return std::find(items.begin(), items.end(), item) != items.end();
+}
+
+// The table list of Tabra_GetTablesExtended, tab-separated, split (and the result).
+struct TableList {
+    int32_t result = 0;
+    std::u16string text;
+    std::vector<std::u16string> items;
+};
+inline TableList readTables(SQLHDBC connection, int32_t flags, const char16_t *schema = nullptr, uint8_t qualify = 0,
+                            int32_t capacity = 30000) {
+    TableList list;
+    std::u16string buffer(static_cast<size_t>(capacity), u'#');
+    list.result = Tabra_GetTablesExtended(connection, flags, schema, qualify, buffer.data(), capacity, u"\t");
+    list.text = buffer.c_str();
+    list.items = splitList(list.text);
+    return list;
+}
+
+// A name quoted with the backend's identifier quote character.
+inline std::u16string quoted(Backend backend, std::u16string_view name) {
+    char16_t quote = backend == Backend::MariaDB ? u'`' : u'"';
+    return quote + std::u16string(name) + quote;
+}
+
+inline void expectNothingShown(const ScriptedRun &run) {
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_TRUE(run.records(TABRA_RECORD_MESSAGE).empty());
+    EXPECT_TRUE(run.records(TABRA_RECORD_DIALOG_OPENED, 10025).empty());
+}
+
+// Number of ODBC error dialogs shown in the run.
+inline size_t errorDialogsShown(const ScriptedRun &run) { return run.records(TABRA_RECORD_DIALOG_OPENED, 10025).size(); }
+
+// A modeless dialog with one list box (id 1) to fill; create it inside a scripted run.
+class TestListBox {
+public:
+    TestListBox() {
+        module_.add(DialogBuilder(800, u"Boxes").listBox(1, 0));
+        dialog_ = createModeless(module_, 800, plainProcedure());
+        box_ = GetDlgItem(dialog_, 1);
+    }
+    TestListBox(const TestListBox &) = delete;
+    TestListBox &operator=(const TestListBox &) = delete;
+    ~TestListBox() { DestroyWindow(dialog_); }
+    HWND handle() const { return box_; }
+    std::vector<std::u16string> entries() const {
+        std::vector<std::u16string> found;
+        char16_t entry[300];
+        for (int32_t i = 0; i < Ostrel_GetBoxCount(box_); ++i) {
+            Ostrel_GetBoxEntry(box_, i, entry, 300);
+            found.emplace_back(entry);
+        }
+        return found;
+    }
+
+private:
+    TestModule module_;
+    HWND dialog_ = nullptr;
+    HWND box_ = nullptr;
+};
+
+} // namespace tabra::test

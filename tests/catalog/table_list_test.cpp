@@ -1,0 +1,272 @@
+// Table lists and existence tests on the real databases: type flags, the bookkeeping
+// filter, views, schema qualification, capacity cuts, long and empty catalogs.
+#include "catalog_test_support.h"
+
+#include "ostrel.h"
+#include "tabra_window.h"
+
+namespace tabra::test {
+namespace {
+
+class TableListTest : public BackendTest {
+protected:
+    // Creates tables (and a view) whose names keep their case on every backend.
+    void createSample(const OdbcConnection &connection) {
+        for (const char16_t *name : {u"Alpha", u"Beta", u"USysRelations", u"ostrelsystable", u"usysfoo"})
+            executeSql(connection, u"CREATE TABLE " + quoted(backend(), name) + u" (id INTEGER)");
+        executeSql(connection, u"CREATE VIEW " + quoted(backend(), u"GammaView") + u" AS SELECT id FROM " +
+                                   quoted(backend(), u"Alpha"));
+    }
+};
+
+TEST_P(TableListTest, TablesOnlyHideTheBookkeepingTablesUnlessSystemTablesAreAsked) {
+    auto connection = connect();
+    createSample(connection);
+    ScriptedRun run;
+    auto tables = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE);
+    EXPECT_EQ(tables.result, 0);
+    EXPECT_TRUE(contains(tables.items, u"Alpha"));
+    EXPECT_TRUE(contains(tables.items, u"Beta"));
+    EXPECT_TRUE(contains(tables.items, u"usysfoo")); // the prefix test keeps its case
+    EXPECT_FALSE(contains(tables.items, u"USysRelations"));
+    EXPECT_FALSE(contains(tables.items, u"ostrelsystable"));
+    EXPECT_FALSE(contains(tables.items, u"GammaView"));
+
+    auto withSystem = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_SYSTEM_TABLE);
+    EXPECT_EQ(withSystem.result, 0);
+    for (const char16_t *name : {u"Alpha", u"Beta", u"USysRelations", u"ostrelsystable", u"usysfoo"})
+        EXPECT_TRUE(contains(withSystem.items, name)) << toUtf8(name) << " in " << toUtf8(withSystem.text);
+    expectNothingShown(run);
+}
+
+TEST_P(TableListTest, ViewsComeWithTheirFlagAndAllTypesListEverything) {
+    auto connection = connect();
+    createSample(connection);
+    ScriptedRun run;
+    auto views = readTables(connection.handle(), TABRA_TABLE_TYPE_VIEW);
+    EXPECT_TRUE(contains(views.items, u"GammaView")) << toUtf8(views.text);
+    EXPECT_FALSE(contains(views.items, u"Alpha"));
+    auto both = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_VIEW);
+    EXPECT_TRUE(contains(both.items, u"GammaView"));
+    EXPECT_TRUE(contains(both.items, u"Alpha"));
+    auto all = readTables(connection.handle(), TABRA_TABLE_TYPE_ALL);
+    EXPECT_TRUE(contains(all.items, u"GammaView"));
+    EXPECT_TRUE(contains(all.items, u"Beta"));
+    EXPECT_FALSE(contains(all.items, u"USysRelations")); // the filter applies to every type but system tables
+    expectNothingShown(run);
+}
+
+TEST_P(TableListTest, SystemTablesWhereTheDatabaseHasThem) {
+    auto connection = connect();
+    createSample(connection);
+    ScriptedRun run;
+    auto system = readTables(connection.handle(), TABRA_TABLE_TYPE_SYSTEM_TABLE);
+    EXPECT_EQ(system.result, 0);
+    if (backend() == Backend::PostgreSQL) {
+        EXPECT_FALSE(contains(system.items, u"Alpha")); // the catalog's own tables
+        EXPECT_TRUE(contains(system.items, u"pg_class")) << toUtf8(system.text.substr(0, 300));
+    }
+    expectNothingShown(run);
+}
+
+TEST_P(TableListTest, DefaultSeparatorIsACommaBetweenEntriesOnly) {
+    auto connection = connect();
+    for (const char16_t *name : {u"a1", u"b1", u"c1"}) executeSql(connection, u"CREATE TABLE " + std::u16string(name) + u" (id INTEGER)");
+    char16_t buffer[2000];
+    ASSERT_EQ(Tabra_GetTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, nullptr), 0);
+    std::u16string text = buffer;
+    // Other backends may list tables of their own; ours stand together, in catalog order.
+    EXPECT_NE(text.find(u"a1,b1,c1"), std::u16string::npos) << toUtf8(text);
+    EXPECT_NE(text.front(), u',');
+    EXPECT_NE(text.back(), u',');
+    ASSERT_EQ(Tabra_GetTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, u" | "), 0);
+    EXPECT_NE(std::u16string(buffer).find(u"a1 | b1 | c1"), std::u16string::npos);
+}
+
+TEST_P(TableListTest, CapacityCutsEndAtTheLastWholeEntry) {
+    auto connection = connect();
+    for (const char16_t *name : {u"t_one", u"t_two", u"t_three"})
+        executeSql(connection, u"CREATE TABLE " + std::u16string(name) + u" (id INTEGER)");
+    ScriptedRun run;
+    char16_t buffer[64];
+    buffer[0] = u'#';
+    EXPECT_EQ(Tabra_GetTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, buffer, 1, u"\t"), 0);
+    EXPECT_EQ(buffer[0], u'\0');
+
+    auto full = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE);
+    ASSERT_GE(full.items.size(), 3u);
+    // Room for the first entry and its separator only: later entries do not start.
+    int32_t capacity = static_cast<int32_t>(full.items[0].size() + full.items[1].size()) + 1;
+    auto cut = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, capacity);
+    EXPECT_EQ(cut.result, 0);
+    EXPECT_LT(static_cast<int32_t>(cut.text.size()), capacity);
+    ASSERT_EQ(cut.items.size(), 1u) << toUtf8(cut.text);
+    EXPECT_EQ(cut.items[0], full.items[0]);
+    expectNothingShown(run);
+}
+
+TEST_P(TableListTest, AnEmptyCatalogGivesAnEmptyListAndNothingExists) {
+    auto connection = connect();
+    ScriptedRun run;
+    auto tables = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_VIEW);
+    EXPECT_EQ(tables.result, 0);
+    for (const auto &name : tables.items) // a server may list tables of its own, never ours
+        EXPECT_EQ(name.find(u"Alpha"), std::u16string::npos);
+    EXPECT_EQ(Tabra_DoesTableExist(connection.handle(), TABRA_TABLE_TYPE_ALL, u"Alpha"), 0);
+    EXPECT_EQ(OdbcEh_DoesTableExist(0, connection.handle(), TABRA_TABLE_TYPE_ALL, nullptr, u"Alpha", 0), 0);
+    expectNothingShown(run);
+}
+
+TEST_P(TableListTest, ExistenceIgnoresCaseAndHonoursTheTypes) {
+    auto connection = connect();
+    createSample(connection);
+    ScriptedRun run;
+    SQLHDBC hdbc = connection.handle();
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"alpha"), 1);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"ALPHA"), 1);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"GammaView"), 0);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_VIEW, u"gammaview"), 1);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_ALL, u"GammaView"), 1);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"USysRelations"), 0); // hidden
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_SYSTEM_TABLE, u"USysRelations"), 1);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"Alph"), 0);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u""), 0);
+
+    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, u"BETA", 0), 1);
+    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, u"   ", u"beta", 0), 1); // blank schema: none
+    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, u"USysRelations", 0), 1); // no filter
+    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, u"GammaView", 0), 0);
+    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, nullptr, 0), 0);
+    expectNothingShown(run);
+}
+
+TEST_P(TableListTest, TheLeanListHasNoFilterAndBareNames) {
+    auto connection = connect();
+    createSample(connection);
+    ScriptedRun run;
+    char16_t buffer[30000];
+    ASSERT_EQ(OdbcEh_GetTablesExtended(0, connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, buffer, 30000,
+                                       u"\t"),
+              0);
+    auto items = splitList(buffer);
+    for (const char16_t *name : {u"Alpha", u"Beta", u"USysRelations", u"ostrelsystable", u"usysfoo"})
+        EXPECT_TRUE(contains(items, name)) << toUtf8(name);
+    buffer[0] = u'#';
+    EXPECT_EQ(OdbcEh_GetTablesExtended(0, connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, buffer, 1, u"\t"), 0);
+    EXPECT_EQ(buffer[0], u'\0');
+    ASSERT_EQ(OdbcEh_GetTablesExtended(0, connection.handle(), TABRA_TABLE_TYPE_VIEW, nullptr, 0, buffer, 30000,
+                                       nullptr),
+              0);
+    EXPECT_NE(std::u16string(buffer).find(u"GammaView"), std::u16string::npos);
+    expectNothingShown(run);
+}
+
+TEST_P(TableListTest, BoxFillersReplaceTheEntriesWithTheList) {
+    auto connection = connect();
+    createSample(connection);
+    ScriptedRun run;
+    TestListBox list;
+    HWND box = list.handle();
+    ASSERT_NE(box, nullptr);
+    Ostrel_AddBoxEntry(box, u"stale entry", 0, -1, 0);
+    EXPECT_EQ(Tabra_FillTablesBox(connection.handle(), TABRA_TABLE_TYPE_TABLE, box), 0);
+    auto entries = list.entries();
+    EXPECT_FALSE(contains(entries, u"stale entry"));
+    EXPECT_TRUE(contains(entries, u"Alpha"));
+    EXPECT_TRUE(contains(entries, u"Beta"));
+    EXPECT_FALSE(contains(entries, u"USysRelations"));
+    // Qualify flag 2 fills sorted (ignoring case).
+    executeSql(connection, u"CREATE TABLE aardvark (id INTEGER)");
+    EXPECT_EQ(Tabra_FillTablesBoxExtended(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, TABRA_QUALIFY_SORTED, box), 0);
+    auto sorted = list.entries();
+    auto position = [&](std::u16string_view name) { return std::find(sorted.begin(), sorted.end(), name) - sorted.begin(); };
+    EXPECT_LT(position(u"aardvark"), position(u"Alpha"));
+    EXPECT_LT(position(u"Alpha"), position(u"Beta"));
+    EXPECT_EQ(Tabra_FillTablesBox(nullptr, TABRA_TABLE_TYPE_TABLE, box), -1);
+    EXPECT_EQ(list.entries(), sorted); // a list that could not be read leaves the box alone
+    expectNothingShown(run);
+}
+
+TABRA_INSTANTIATE_BACKEND_TEST(TableListTest);
+
+// A catalog of several thousand tables: the list for the existence test is cut at
+// 10000 characters, so a late table counts as absent there, while the row-by-row test
+// still finds it.
+class LongCatalogTest : public BackendTest {};
+
+TEST_P(LongCatalogTest, ListsAreCutAtTheirCapacity) {
+    if (backend() == Backend::MariaDB) GTEST_SKIP() << "the long catalog is built on SQLite and PostgreSQL";
+    auto connection = connect();
+    constexpr int kTables = 2500;
+    if (backend() == Backend::PostgreSQL) {
+        executeSql(connection, u"DO $$ BEGIN FOR i IN 1..2500 LOOP EXECUTE format('CREATE TABLE long_catalog_table_%s "
+                               u"(id integer)', lpad(i::text, 5, '0')); END LOOP; END $$");
+    } else {
+        executeSql(connection, u"BEGIN");
+        for (int i = 1; i <= kTables; ++i) {
+            std::string digits = std::to_string(100000 + i).substr(1);
+            executeSql(connection, u"CREATE TABLE long_catalog_table_" + toUtf16(digits) + u" (id INTEGER)");
+        }
+        executeSql(connection, u"COMMIT");
+    }
+    ScriptedRun run;
+    auto list = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, 10000);
+    EXPECT_EQ(list.result, 0);
+    EXPECT_LT(list.text.size(), 10000u);
+    EXPECT_GT(list.text.size(), 10000u - 40u); // cut near the end, at an entry boundary
+    ASSERT_GT(list.items.size(), 300u);
+    ASSERT_LT(list.items.size(), static_cast<size_t>(kTables));
+    for (const auto &item : list.items) EXPECT_EQ(item.size(), 24u) << toUtf8(item);
+
+    // Catalog order is by name on both databases.
+    EXPECT_EQ(Tabra_DoesTableExist(connection.handle(), TABRA_TABLE_TYPE_TABLE, u"long_catalog_table_00001"), 1);
+    EXPECT_EQ(Tabra_DoesTableExist(connection.handle(), TABRA_TABLE_TYPE_TABLE, u"long_catalog_table_02500"), 0);
+    EXPECT_EQ(OdbcEh_DoesTableExist(0, connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr,
+                                    u"long_catalog_table_02500", 0),
+              1);
+    expectNothingShown(run);
+}
+
+TABRA_INSTANTIATE_BACKEND_TEST(LongCatalogTest);
+
+// PostgreSQL knows schemas: qualified entries, the schema argument, and the
+// qualified existence test.
+class SchemaTableListTest : public BackendTest {};
+
+TEST_P(SchemaTableListTest, EntriesAreQualifiedWhereTheDriverKnowsSchemas) {
+    auto connection = connect();
+    executeAll(connection, {u"CREATE TABLE plain_table (id INTEGER)"});
+    bool schemas = backend() == Backend::PostgreSQL;
+    if (schemas)
+        executeAll(connection, {u"CREATE SCHEMA IF NOT EXISTS tabra_other", u"DROP TABLE IF EXISTS tabra_other.other_table",
+                                u"CREATE TABLE tabra_other.other_table (id INTEGER)"});
+    ScriptedRun run;
+    auto qualified = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, TABRA_QUALIFY_SCHEMA);
+    auto bare = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0);
+    EXPECT_TRUE(contains(bare.items, u"plain_table"));
+    if (schemas) {
+        EXPECT_TRUE(contains(qualified.items, u"public.plain_table")) << toUtf8(qualified.text);
+        EXPECT_TRUE(contains(qualified.items, u"tabra_other.other_table"));
+        EXPECT_TRUE(contains(bare.items, u"other_table"));
+        auto limited = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, u"tabra_other", TABRA_QUALIFY_SCHEMA);
+        EXPECT_EQ(limited.items, std::vector<std::u16string>{u"tabra_other.other_table"});
+        auto blankSchema = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, u"   ", 0);
+        EXPECT_TRUE(contains(blankSchema.items, u"other_table")); // "   " is no schema
+        EXPECT_EQ(Tabra_DoesTableExistExtended(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr,
+                                               u"TABRA_OTHER.Other_Table"),
+                  1);
+        EXPECT_EQ(Tabra_DoesTableExistExtended(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, u"other_table"), 0);
+        EXPECT_EQ(OdbcEh_DoesTableExist(0, connection.handle(), TABRA_TABLE_TYPE_TABLE, u"public", u"other_table", 0), 0);
+        EXPECT_EQ(OdbcEh_DoesTableExist(0, connection.handle(), TABRA_TABLE_TYPE_TABLE, u"tabra_other", u"other_table", 0), 1);
+        executeSql(connection, u"DROP SCHEMA tabra_other CASCADE");
+    } else {
+        EXPECT_TRUE(contains(qualified.items, u"plain_table")); // no schema usage: bare names
+        EXPECT_EQ(Tabra_DoesTableExistExtended(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, u"plain_table"), 1);
+    }
+    expectNothingShown(run);
+}
+
+TABRA_INSTANTIATE_BACKEND_TEST(SchemaTableListTest);
+
+} // namespace
+} // namespace tabra::test

@@ -1,0 +1,244 @@
+// Dropping, renaming, free names, counts and aggregates on the real databases.
+#include "catalog_test_support.h"
+
+#include "ostrel.h"
+
+#include <cmath>
+
+namespace tabra::test {
+namespace {
+
+// A host hook that records every statement and lets it run (or refuses all).
+struct RecordingHook {
+    explicit RecordingHook(bool allow = true) : allow(allow) {
+        Ostrel_SetStatementHook(
+            [](const char16_t *statement, void *context) -> int32_t {
+                auto *self = static_cast<RecordingHook *>(context);
+                self->statements.emplace_back(statement ? statement : u"");
+                return self->allow ? 1 : 0;
+            },
+            this);
+    }
+    ~RecordingHook() { Ostrel_SetStatementHook(nullptr, nullptr); }
+    RecordingHook(const RecordingHook &) = delete;
+    RecordingHook &operator=(const RecordingHook &) = delete;
+    bool allow;
+    std::vector<std::u16string> statements;
+};
+
+class TableOperationsTest : public BackendTest {
+protected:
+    void createOrders(const OdbcConnection &connection) {
+        executeAll(connection, {u"CREATE TABLE orders (id INTEGER, price INTEGER, note VARCHAR(20))",
+                                u"INSERT INTO orders VALUES (1, 5, 'a')", u"INSERT INTO orders VALUES (2, 15, 'b')",
+                                u"INSERT INTO orders VALUES (3, 25, NULL)", u"CREATE TABLE empty_one (price INTEGER)"});
+    }
+    bool exists(const OdbcConnection &connection, const char16_t *name) {
+        return OdbcEh_DoesTableExist(0, connection.handle(), TABRA_TABLE_TYPE_ALL, nullptr, name, 0) == 1;
+    }
+};
+
+TEST_P(TableOperationsTest, DropAsksFirstAndOnlyYesDrops) {
+    auto connection = connect();
+    createOrders(connection);
+    {
+        ScriptedRun run;
+        run.queue("message 1702: answer no");
+        EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", 0), 2);
+        EXPECT_FALSE(run.failed()) << run.report();
+        auto asked = run.records(TABRA_RECORD_MESSAGE, 1702);
+        ASSERT_EQ(asked.size(), 1u);
+        EXPECT_NE(asked[0].text.find(u"orders"), std::u16string::npos);
+    }
+    EXPECT_TRUE(exists(connection, u"orders"));
+    {
+        ScriptedRun run;
+        run.queue("message 1702: answer yes");
+        RecordingHook hook;
+        EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", 0), 1);
+        EXPECT_FALSE(run.failed()) << run.report();
+        EXPECT_EQ(hook.statements, std::vector<std::u16string>{u"DROP TABLE orders"});
+    }
+    EXPECT_FALSE(exists(connection, u"orders"));
+}
+
+TEST_P(TableOperationsTest, DroppingAMissingTableIsSuccessOnlyUnderFlagTwo) {
+    auto connection = connect();
+    {
+        // Only MariaDB reports a missing table as 42S02 (S0002 here); SQLite says S1000
+        // and PostgreSQL 42P01, which flag 2 does not cover: those are shown and fail.
+        ScriptedRun run;
+        bool missingState = backend() == Backend::MariaDB;
+        if (!missingState) run.queue("dialog 10025: click 1");
+        EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"no_such_table",
+                                    TABRA_DELETE_NO_CONFIRM | TABRA_DELETE_MISSING_OK),
+                  missingState ? 1 : 2);
+        EXPECT_FALSE(run.failed()) << run.report();
+    }
+    ScriptedRun run;
+    run.queue("dialog 10025: click 1");
+    EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"no_such_table", TABRA_DELETE_NO_CONFIRM), 2);
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_EQ(errorDialogsShown(run), 1u);
+    EXPECT_EQ(run.closedControlText(10025, 1014), u"DROP TABLE no_such_table"); // shown with its statement
+}
+
+TEST_P(TableOperationsTest, TheStatementHookCanRefuseQuietly) {
+    auto connection = connect();
+    createOrders(connection);
+    ScriptedRun run;
+    RecordingHook hook(false);
+    EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", TABRA_DELETE_NO_CONFIRM), 2);
+    EXPECT_EQ(Tabra_GetRecordCount(connection.handle(), u"orders", 0), 0);
+    double value = -1;
+    EXPECT_EQ(Tabra_GetMaximum(connection.handle(), u"orders", u"price", nullptr, &value), -1);
+    EXPECT_EQ(value, -1);
+    EXPECT_EQ(OdbcEh_CountRows(0, connection.handle(), u"SELECT * FROM orders"), 0);
+    EXPECT_EQ(hook.statements.size(), 4u);
+    expectNothingShown(run);
+    hook.allow = true;
+    EXPECT_TRUE(exists(connection, u"orders"));
+}
+
+TEST_P(TableOperationsTest, DropTextCarriesThePreparedSchemaOnlyWhenGiven) {
+    auto connection = connect();
+    executeSql(connection, u"CREATE TABLE " + quoted(backend(), u"Order Lines") + u" (id INTEGER)");
+    ScriptedRun run;
+    RecordingHook hook(false);
+    Tabra_DeleteTableExtended(connection.handle(), u"my schema", u"Order Lines", TABRA_DELETE_NO_CONFIRM);
+    Tabra_DeleteTableExtended(connection.handle(), u"  ", u"Order Lines", TABRA_DELETE_NO_CONFIRM);
+    ASSERT_EQ(hook.statements.size(), 2u);
+    EXPECT_EQ(hook.statements[0], u"DROP TABLE " + quoted(backend(), u"my schema") + u"." + quoted(backend(), u"Order Lines"));
+    EXPECT_EQ(hook.statements[1], u"DROP TABLE " + quoted(backend(), u"Order Lines"));
+    expectNothingShown(run);
+}
+
+TEST_P(TableOperationsTest, RenameCopiesWhereTheDatabaseCanAndFailsCleanlyElsewhere) {
+    auto connection = connect();
+    createOrders(connection);
+    ScriptedRun run;
+    // A taken target name fails quietly.
+    EXPECT_EQ(Tabra_RenameTable(connection.handle(), u"orders", u"EMPTY_ONE", 0), 2);
+    EXPECT_EQ(errorDialogsShown(run), 0u);
+    if (backend() == Backend::PostgreSQL) {
+        EXPECT_EQ(Tabra_RenameTable(connection.handle(), u"orders", u"orders_renamed", TABRA_RENAME_WAIT_NOTICE), 1);
+        EXPECT_FALSE(exists(connection, u"orders"));
+        EXPECT_TRUE(exists(connection, u"orders_renamed"));
+        EXPECT_EQ(queryRows(connection, u"SELECT id FROM orders_renamed ORDER BY id").size(), 3u);
+        auto notices = run.records(TABRA_RECORD_NOTICE, 427);
+        ASSERT_EQ(notices.size(), 1u);
+        EXPECT_FALSE(notices[0].text.empty());
+        expectNothingShown(run);
+    } else {
+        run.queue("dialog 10025: click 1");
+        EXPECT_EQ(Tabra_RenameTable(connection.handle(), u"orders", u"orders_renamed", 0), 2);
+        EXPECT_FALSE(run.failed()) << run.report();
+        EXPECT_EQ(run.closedControlText(10025, 1014), u"SELECT * INTO orders_renamed FROM orders");
+        EXPECT_TRUE(exists(connection, u"orders"));
+        EXPECT_FALSE(exists(connection, u"orders_renamed"));
+        EXPECT_TRUE(run.records(TABRA_RECORD_NOTICE).empty());
+    }
+}
+
+TEST_P(TableOperationsTest, UniqueNamesCountUpFromOne) {
+    auto connection = connect();
+    createOrders(connection);
+    executeAll(connection, {u"CREATE TABLE orders_1 (id INTEGER)", u"CREATE VIEW orders_2 AS SELECT id FROM orders"});
+    ScriptedRun run;
+    char16_t name[50] = u"fresh_name";
+    Tabra_CreateUniqueTableName(connection.handle(), name, 50);
+    EXPECT_EQ(std::u16string(name), u"fresh_name"); // free: untouched
+    OstrelCopyString(name, u"ORDERS", 50);
+    Tabra_CreateUniqueTableName(connection.handle(), name, 50);
+    EXPECT_EQ(std::u16string(name), u"ORDERS_3"); // any case, any type is taken
+    name[0] = u'\0';
+    Tabra_CreateUniqueTableName(connection.handle(), name, 50);
+    EXPECT_EQ(std::u16string(name), u"_1");
+    OstrelCopyString(name, u"orders", 50);
+    OdbcEh_CreateUniqueTableName(0, connection.handle(), nullptr, name, 50);
+    EXPECT_EQ(std::u16string(name), u"orders_3");
+    OstrelCopyString(name, u"orders", 50);
+    Tabra_CreateUniqueTableName(connection.handle(), name, 8); // cut to the capacity
+    EXPECT_EQ(std::u16string(name), u"orders_");
+    expectNothingShown(run);
+}
+
+TEST_P(TableOperationsTest, CountsWithAndWithoutConditions) {
+    auto connection = connect();
+    createOrders(connection);
+    ScriptedRun run;
+    RecordingHook hook;
+    SQLHDBC hdbc = connection.handle();
+    EXPECT_EQ(Tabra_GetRecordCount(hdbc, u"orders", 0), 3);
+    EXPECT_EQ(Tabra_GetRecordCountExt(hdbc, u"orders", u""), 3);
+    EXPECT_EQ(Tabra_GetRecordCountExt(hdbc, u"orders", u"price > 10"), 2);
+    EXPECT_EQ(Tabra_GetRecordCountExt(hdbc, u"empty_one", nullptr), 0);
+    ASSERT_EQ(hook.statements.size(), 4u);
+    EXPECT_EQ(hook.statements[1], u"SELECT Count(*) FROM orders"); // no WHERE for an empty condition
+    EXPECT_EQ(hook.statements[2], u"SELECT Count(*) FROM orders WHERE price > 10");
+    EXPECT_EQ(OdbcEh_CountRows(0, hdbc, u"SELECT id FROM orders WHERE note IS NOT NULL"), 2);
+    EXPECT_EQ(OdbcEh_CountRows(0, hdbc, u"SELECT price FROM empty_one"), 0);
+    expectNothingShown(run);
+}
+
+TEST_P(TableOperationsTest, RowSetCountsAndTheUnionSentinel) {
+    auto connection = connect();
+    createOrders(connection);
+    ScriptedRun run;
+    SQLHDBC hdbc = connection.handle();
+    EXPECT_EQ(Tabra_GetRowSetCount(hdbc, u"SELECT id, note FROM orders WHERE price > 10 ORDER BY id"), 2);
+    EXPECT_EQ(Tabra_GetRowSetCount(hdbc, u"SELECT * FROM orders"), 3);
+    // A blank-surrounded UNION is not run at all (this one would fail).
+    EXPECT_EQ(Tabra_GetRowSetCount(hdbc, u"SELECT id FROM no_such_table UNION SELECT id FROM orders"),
+              TABRA_UNION_ROW_COUNT);
+    EXPECT_EQ(Tabra_GetRowSetCount(hdbc, u"SELECT id FROM no_such_table\nUNION\tSELECT id FROM orders"),
+              TABRA_UNION_ROW_COUNT);
+    expectNothingShown(run);
+}
+
+TEST_P(TableOperationsTest, AFailingCountIsShownWithItsStatementAndGivesZero) {
+    auto connection = connect();
+    ScriptedRun run;
+    run.queue("dialog 10025: click 1");
+    EXPECT_EQ(Tabra_GetRecordCountExt(connection.handle(), u"no_such_table", u"x = 1"), 0);
+    EXPECT_EQ(run.closedControlText(10025, 1014), u"SELECT Count(*) FROM no_such_table WHERE x = 1");
+    run.queue("dialog 10025: click 1");
+    // Lower-case union is counted normally, so this fails at the database.
+    EXPECT_EQ(Tabra_GetRowSetCount(connection.handle(), u"SELECT id FROM no_such_table union SELECT 1"), 0);
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_EQ(errorDialogsShown(run), 2u);
+}
+
+TEST_P(TableOperationsTest, MaximumAndSumWithConditionsAndOverEmptyTables) {
+    auto connection = connect();
+    createOrders(connection);
+    ScriptedRun run;
+    RecordingHook hook;
+    SQLHDBC hdbc = connection.handle();
+    double value = -1;
+    EXPECT_EQ(Tabra_GetMaximum(hdbc, u"orders", u"price", nullptr, &value), 0);
+    EXPECT_DOUBLE_EQ(value, 25);
+    EXPECT_EQ(Tabra_GetMaximum(hdbc, u"orders", u"price", u"price < 20", &value), 0);
+    EXPECT_DOUBLE_EQ(value, 15);
+    EXPECT_EQ(hook.statements.back(), u"SELECT max(price) FROM orders WHERE price < 20");
+    EXPECT_EQ(Tabra_AddFields(hdbc, u"orders", u"price", u"", &value), 0);
+    EXPECT_DOUBLE_EQ(value, 45);
+    EXPECT_EQ(hook.statements.back(), u"SELECT Sum(price) FROM orders");
+    EXPECT_EQ(Tabra_AddFields(hdbc, u"orders", u"price", u"id = 99", &value), 0);
+    EXPECT_DOUBLE_EQ(value, 0);
+    value = -1;
+    EXPECT_EQ(Tabra_GetMaximum(hdbc, u"empty_one", u"price", nullptr, &value), 0);
+    EXPECT_DOUBLE_EQ(value, 0);
+    value = -1;
+    EXPECT_EQ(Tabra_AddFields(hdbc, u"empty_one", u"price", nullptr, &value), 0);
+    EXPECT_DOUBLE_EQ(value, 0);
+    expectNothingShown(run);
+    run.queue("dialog 10025: click 1");
+    EXPECT_EQ(Tabra_AddFields(hdbc, u"orders", u"no_such_column", nullptr, &value), -1);
+    EXPECT_FALSE(run.failed()) << run.report();
+}
+
+TABRA_INSTANTIATE_BACKEND_TEST(TableOperationsTest);
+
+} // namespace
+} // namespace tabra::test
