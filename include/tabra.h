@@ -8,5 +8,7 @@
 #include "tabra_script.h"
 #include "tabra_connection.h"
 #include "tabra_sqltext.h"
+#include "tabra_query.h"
+#include "tabra_catalog.h"
 
 #endif

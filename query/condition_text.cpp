@@ -1,0 +1,180 @@
+// WHERE conditions and SET lists from descriptors, and their exported entry points.
+#include "query/condition_text.h"
+
+#include "ostrel_text.h"
+#include "query/descriptor_text.h"
+#include "query/operator_tables.h"
+#include "query/sql_literal.h"
+#include "tabra_query.h"
+#include "tabra_sqltext.h"
+
+#include <initializer_list>
+
+namespace tabra::query {
+
+namespace {
+
+constexpr int32_t kQuotedColumnCapacity = 100;
+constexpr int32_t kPreparedValueCapacity = 300;
+constexpr size_t kConditionLength = 299;
+constexpr size_t kListItemLength = 499;
+constexpr size_t kGroupRoom = 30000 - 1; // work buffer less its "("
+
+std::u16string quotedName(SQLHDBC connection, const std::u16string &name, int32_t capacity) {
+    std::u16string prepared(static_cast<size_t>(capacity), u'\0');
+    Tabra_PrepareNameForSql92(connection, name.c_str(), prepared.data(), capacity, 0);
+    prepared.resize(std::char_traits<char16_t>::length(prepared.c_str()));
+    return prepared;
+}
+
+// Fills %s and %c of a pattern in order from the arguments.
+std::u16string fillPattern(std::u16string_view pattern, std::initializer_list<std::u16string_view> arguments) {
+    std::u16string text;
+    auto argument = arguments.begin();
+    for (size_t i = 0; i < pattern.size(); ++i) {
+        if (pattern[i] == u'%' && i + 1 < pattern.size() && (pattern[i + 1] == u's' || pattern[i + 1] == u'c')) {
+            if (argument != arguments.end()) text += *argument++;
+            ++i;
+        } else {
+            text += pattern[i];
+        }
+    }
+    return text;
+}
+
+// The value of a line prepared as the operator's value kind says.
+std::u16string preparedValue(SQLHDBC connection, const OperatorEntry &op, const DescriptorLine &line) {
+    if (op.flags & kColumnValue) return quotedName(connection, line.value, kPreparedValueCapacity);
+    if (op.flags & kLiteralValue) return formatSqlLiteral(line.value, line.dataType, kPreparedValueCapacity);
+    if (op.flags & kListValue) {
+        // Empty items (a trailing ";", two in a row) are skipped like empty pieces.
+        std::u16string items;
+        for (std::u16string_view item : splitNonEmpty(line.value, u';')) {
+            if (!items.empty()) items += u',';
+            items += formatSqlLiteral(item.substr(0, kListItemLength), line.dataType, kListItemLength + 1);
+        }
+        if (items.size() > kPreparedValueCapacity - 1) items.resize(kPreparedValueCapacity - 1);
+        return items;
+    }
+    return line.value;
+}
+
+} // namespace
+
+std::u16string conditionText(SQLHDBC connection, std::u16string_view text, const ExpansionChars &expansion) {
+    DescriptorLine line = parseDescriptorLine(text);
+    const OperatorEntry *op = findOperatorByKey(kSelectionKind, line.key);
+    if (line.column.empty() || op == nullptr) return {};
+    if (!(op->flags & kNoValue) && line.value.empty()) return {};
+    std::u16string column = quotedName(connection, line.column, kQuotedColumnCapacity);
+    std::u16string value = preparedValue(connection, *op, line);
+    std::u16string_view any(&expansion[0], 1), open(&expansion[2], 1), close(&expansion[3], 1);
+    std::u16string condition;
+    if (op->code == 101)
+        condition = fillPattern(op->pattern, {column, open, value, any, close});
+    else if (op->code == 108)
+        condition = fillPattern(op->pattern, {column, open, any, value, any, close});
+    else
+        condition = fillPattern(op->pattern, {column, value});
+    if (condition.size() > kConditionLength) condition.resize(kConditionLength);
+    return condition;
+}
+
+std::u16string groupText(SQLHDBC connection, std::u16string_view group, const ExpansionChars &expansion) {
+    std::u16string text = u"(";
+    size_t room = kGroupRoom;
+    bool any = false;
+    for (std::u16string_view line : splitNonEmpty(group, kLineEnd)) {
+        std::u16string condition = conditionText(connection, line, expansion);
+        if (condition.empty()) continue;
+        if (any && room >= 6) {
+            text += u" AND ";
+            room -= 5;
+        }
+        any = true;
+        if (condition.size() < room) {
+            text += condition;
+            room -= condition.size();
+        }
+    }
+    if (!any) return {};
+    if (room >= 2) text += u')';
+    return text;
+}
+
+std::u16string whereText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars,
+                         const ExpansionChars &expansion) {
+    std::u16string text;
+    size_t room = outChars;
+    bool any = false;
+    for (std::u16string_view group : splitNonEmpty(descriptor, kGroupSeparator)) {
+        std::u16string piece = groupText(connection, group, expansion);
+        if (piece.empty()) continue;
+        if (any && room >= 6) {
+            text += u" OR ";
+            room -= 4;
+        }
+        any = true;
+        if (piece.size() < room) {
+            text += piece;
+            room -= piece.size();
+        }
+    }
+    return text;
+}
+
+std::u16string setText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars) {
+    std::u16string text;
+    std::u16string_view group = descriptor.substr(0, descriptor.find(kGroupSeparator));
+    for (std::u16string_view lineText : splitNonEmpty(group, kLineEnd)) {
+        DescriptorLine line = parseDescriptorLine(lineText);
+        const OperatorEntry *op = findOperatorByKey(kAssignmentKind, line.key);
+        if (line.column.empty() || op == nullptr) continue;
+        if (!(op->flags & kNoValue) && line.value.empty()) continue;
+        if (!text.empty()) text += u',';
+        text += quotedName(connection, line.column, kQuotedColumnCapacity);
+        text += u'=';
+        if (op->code == 300)
+            text += u"NULL";
+        else if (op->flags & kColumnValue)
+            text += quotedName(connection, line.value, kPreparedValueCapacity);
+        else if (op->flags & kLiteralValue)
+            text += formatSqlLiteral(line.value, line.dataType, kPreparedValueCapacity);
+        else
+            text += line.value;
+        if (outChars > 0 && text.size() >= outChars) break;
+    }
+    if (outChars > 0 && text.size() > outChars - 1) text.resize(outChars - 1);
+    return text;
+}
+
+} // namespace tabra::query
+
+using namespace tabra::query;
+
+extern "C" int32_t Tabra_SelDesc_To_WhereClause_Expanded(SQLHDBC connection, const char16_t *selDesc,
+                                                         char16_t *out, int32_t outChars,
+                                                         const char16_t *expansionChars) {
+    if (out == nullptr || outChars < 1) return -1;
+    out[0] = u'\0';
+    if (selDesc == nullptr) return 0;
+    ExpansionChars expansion = kStandardExpansion;
+    if (expansionChars != nullptr)
+        for (size_t i = 0; i < expansion.size() && expansionChars[i] != u'\0'; ++i) expansion[i] = expansionChars[i];
+    std::u16string text = whereText(connection, selDesc, static_cast<size_t>(outChars), expansion);
+    OstrelCopyString(out, text.c_str(), outChars);
+    return 0;
+}
+
+extern "C" int32_t Tabra_SelDesc_To_WhereClause(SQLHDBC connection, const char16_t *selDesc, char16_t *out,
+                                                int32_t outChars) {
+    return Tabra_SelDesc_To_WhereClause_Expanded(connection, selDesc, out, outChars, u"%_''");
+}
+
+extern "C" void Tabra_OpDesc_To_SetClause(SQLHDBC connection, const char16_t *opDesc, char16_t *out,
+                                          int32_t outChars) {
+    if (out == nullptr || outChars < 1) return;
+    out[0] = u'\0';
+    if (opDesc == nullptr) return;
+    OstrelCopyString(out, setText(connection, opDesc, static_cast<size_t>(outChars)).c_str(), outChars);
+}

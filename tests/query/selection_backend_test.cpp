@@ -1,0 +1,94 @@
+// Generated WHERE and SET texts run on every backend: the rows a descriptor selects
+// are the rows the user meant. Column names need quoting (blanks, mixed case).
+#include "support/backend_test.h"
+#include "support/test_text.h"
+#include "tabra.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace tabra::test;
+
+class SelectionBackendTest : public BackendTest {
+protected:
+    // id INTEGER, "Amount Due" DECIMAL, "Name" text, "Born On" DATE.
+    OdbcConnection createRows() {
+        OdbcConnection connection = connect();
+        quote_ = infoText(connection, SQL_IDENTIFIER_QUOTE_CHAR);
+        executeSql(connection, u"CREATE TABLE sel_rows (id INTEGER, " + q(u"Amount Due") + u" DECIMAL(10,2), " +
+                                   q(u"Last Name") + u" VARCHAR(40), " + q(u"Born On") + u" DATE)");
+        executeAll(connection, {
+                                   u"INSERT INTO sel_rows VALUES (1, 10.50, 'Müller', '1980-05-01')",
+                                   u"INSERT INTO sel_rows VALUES (2, 1234.50, 'Meier', '1999-12-30')",
+                                   u"INSERT INTO sel_rows VALUES (3, NULL, 'Mayer', '1999-12-31')",
+                                   u"INSERT INTO sel_rows VALUES (4, 0.25, NULL, NULL)",
+                                   u"INSERT INTO sel_rows VALUES (5, 99, '50% off', '2024-02-29')",
+                               });
+        return connection;
+    }
+    std::u16string q(const std::u16string &name) const { return quote_ + name + quote_; }
+
+    std::u16string selectedIds(const OdbcConnection &connection, const std::u16string &descriptor) {
+        char16_t condition[2000];
+        EXPECT_EQ(Tabra_SelDesc_To_WhereClause(connection.handle(), descriptor.c_str(), condition, 2000), 0);
+        std::u16string ids;
+        for (const Row &row : queryRows(connection, u"SELECT id FROM sel_rows WHERE " + std::u16string(condition) +
+                                                        u" ORDER BY id"))
+            ids += (ids.empty() ? u"" : u",") + row[0].value_or(u"null");
+        return ids;
+    }
+
+private:
+    std::u16string quote_;
+};
+
+TEST_P(SelectionBackendTest, ComparisonsOnNumbersTextAndDates) {
+    OdbcConnection connection = createRows();
+    EXPECT_EQ(selectedIds(connection, u"Amount Due\tGT\t100\t3\n"), u"2");
+    EXPECT_EQ(selectedIds(connection, u"Amount Due\tEQ\t1.234,5\t3\n"), u"2");
+    EXPECT_EQ(selectedIds(connection, u"Amount Due\tLE\t0,25\t3\n"), u"4");
+    EXPECT_EQ(selectedIds(connection, u"id\tNE\t2\t4\n"), u"1,3,4,5");
+    EXPECT_EQ(selectedIds(connection, u"id\tLTF\tAmount Due\t4\n"), u"1,2,5");
+    EXPECT_EQ(selectedIds(connection, u"Last Name\tEQ\tMüller\t12\n"), u"1");
+    EXPECT_EQ(selectedIds(connection, u"Born On\tEQ\t1999-12-31\t9\n"), u"3");
+    EXPECT_EQ(selectedIds(connection, u"Born On\tGE\t2000-01-01\t9\n"), u"5");
+    EXPECT_EQ(selectedIds(connection, u"Born On\tLT\t1999-12-31\t9\n"), u"1,2");
+}
+
+TEST_P(SelectionBackendTest, LikeInListsAndNulls) {
+    OdbcConnection connection = createRows();
+    EXPECT_EQ(selectedIds(connection, u"Last Name\tBW\tM\t12\n"), u"1,2,3");
+    EXPECT_EQ(selectedIds(connection, u"Last Name\tCT\tll\t12\n"), u"1");
+    EXPECT_EQ(selectedIds(connection, u"Last Name\tBW\t50%\t12\n"), u"5");
+    EXPECT_EQ(selectedIds(connection, u"Last Name\tCT\ta_e\t12\n"), u"3");
+    EXPECT_EQ(selectedIds(connection, u"id\tIL\t1;3;5;\t4\n"), u"1,3,5");
+    EXPECT_EQ(selectedIds(connection, u"Last Name\tIL\tMeier;Mayer\t12\n"), u"2,3");
+    EXPECT_EQ(selectedIds(connection, u"Amount Due\tIN\t\t3\n"), u"3");
+    EXPECT_EQ(selectedIds(connection, u"Last Name\tNN\t\t12\n"), u"1,2,3,5");
+    EXPECT_EQ(selectedIds(connection, u"id\tGT\t1\t4\nLast Name\tBW\tM\t12\n\vLast Name\tIN\t\t12\n\v"), u"2,3,4");
+}
+
+TEST_P(SelectionBackendTest, SetListUpdatesTheRows) {
+    OdbcConnection connection = createRows();
+    char16_t assignments[1000];
+    Tabra_OpDesc_To_SetClause(connection.handle(),
+                              u"Last Name\tSCO\tSchmitz\t12\nAmount Due\tSFI\tid\t3\nBorn On\tSNU\t\t9\n"
+                              u"id\tSFO\tid + 10\t4\n\vLast Name\tSCO\tignored\t12\n",
+                              assignments, 1000);
+    executeSql(connection, u"UPDATE sel_rows SET " + std::u16string(assignments) + u" WHERE id = 2");
+    std::vector<Row> rows = queryRows(connection, u"SELECT id, " + q(u"Last Name") + u", " + q(u"Born On") +
+                                                      u" FROM sel_rows WHERE id > 10");
+    ASSERT_EQ(rows.size(), 1u);
+    EXPECT_EQ(rows[0][0], u"12");
+    EXPECT_EQ(rows[0][1], u"Schmitz");
+    EXPECT_EQ(rows[0][2], std::nullopt);
+    EXPECT_EQ(selectedIds(connection, u"Amount Due\tEQ\t2\t3\n"), u"12");
+}
+
+TABRA_INSTANTIATE_BACKEND_TEST(SelectionBackendTest);
+
+} // namespace
