@@ -24,29 +24,41 @@ extern "C" void Tabra_WriteDataSourceToRegistry(HKEY root, const char16_t *keyPa
     Ostrel_WriteStringToRegistry(root, keyPath, flags, subKey, u"Password", fields.Password);
 }
 
+namespace {
+
+// Reads the three fields of a data source record with one string reader, each
+// defaulting to the default record's field (empty without one).
+template <typename ReadString>
+void readDataSource(ReadString read, const DataSourceInfo *defaults, DataSourceInfo *record) {
+    if (record == nullptr) return;
+    DataSourceInfo fallback = defaults ? *defaults : DataSourceInfo{};
+    fallback.DataSourceName[kNameLength - 1] = u'\0';
+    fallback.UserId[kUserLength - 1] = u'\0';
+    fallback.Password[kPasswordLength - 1] = u'\0';
+    read(u"DataSourceName", fallback.DataSourceName, record->DataSourceName, kNameLength);
+    read(u"UserId", fallback.UserId, record->UserId, kUserLength);
+    read(u"Password", fallback.Password, record->Password, kPasswordLength);
+}
+
+} // namespace
+
 extern "C" void Tabra_ReadDataSourceFromRegistry(HKEY root, const char16_t *keyPath, uint32_t flags,
                                                  const char16_t *subKey, const DataSourceInfo *defaults,
                                                  DataSourceInfo *record) {
-    if (record == nullptr) return;
-    DataSourceInfo fallback = defaults ? *defaults : DataSourceInfo{};
-    Ostrel_ReadStringFromRegistry(root, keyPath, flags, subKey, u"DataSourceName", fallback.DataSourceName,
-                                  record->DataSourceName, kNameLength, kNameLength - 1);
-    Ostrel_ReadStringFromRegistry(root, keyPath, flags, subKey, u"UserId", fallback.UserId, record->UserId,
-                                  kUserLength, kUserLength - 1);
-    Ostrel_ReadStringFromRegistry(root, keyPath, flags, subKey, u"Password", fallback.Password,
-                                  record->Password, kPasswordLength, kPasswordLength - 1);
+    readDataSource(
+        [&](const char16_t *name, const char16_t *fallback, char16_t *out, int32_t width) {
+            Ostrel_ReadStringFromRegistry(root, keyPath, flags, subKey, name, fallback, out, width, width - 1);
+        },
+        defaults, record);
 }
 
 extern "C" void Tabra_ReadDataSourceFromHKCUorHKLM(const char16_t *keyPath, const char16_t *subKey,
                                                    const DataSourceInfo *defaults, DataSourceInfo *record) {
-    if (record == nullptr) return;
-    DataSourceInfo fallback = defaults ? *defaults : DataSourceInfo{};
-    Ostrel_ReadStringFromHKCUorHKLM(keyPath, subKey, u"DataSourceName", fallback.DataSourceName,
-                                    record->DataSourceName, kNameLength, kNameLength - 1);
-    Ostrel_ReadStringFromHKCUorHKLM(keyPath, subKey, u"UserId", fallback.UserId, record->UserId, kUserLength,
-                                    kUserLength - 1);
-    Ostrel_ReadStringFromHKCUorHKLM(keyPath, subKey, u"Password", fallback.Password, record->Password,
-                                    kPasswordLength, kPasswordLength - 1);
+    readDataSource(
+        [&](const char16_t *name, const char16_t *fallback, char16_t *out, int32_t width) {
+            Ostrel_ReadStringFromHKCUorHKLM(keyPath, subKey, name, fallback, out, width, width - 1);
+        },
+        defaults, record);
 }
 
 extern "C" void Tabra_WriteDbObjectToRegistry(HKEY root, const char16_t *keyPath, uint32_t flags,
