@@ -169,11 +169,11 @@ TABRA_API int32_t Ostrel_MoveBoxEntry(HWND box, int32_t index, int32_t offset);
 
 /* ---- List views ---- */
 
-/* Replaces the columns of a report list view by those of a specification
+/* Replaces the columns of a report list view by those of a column list
  * "Title|width|Title|width..." (titles up to 99 characters, widths in pixels, up to 9
  * digits; a missing or bad width gives 100). Returns the number of columns, -1 on bad
  * arguments. */
-TABRA_API int32_t Ostrel_ListView_CreateColumns(HWND listView, const char16_t *specification);
+TABRA_API int32_t Ostrel_ListView_CreateColumns(HWND listView, const char16_t *columnList);
 /* Inserts an item at index (-1: at the end) whose column texts are the separated
  * texts (column 0 first) and whose parameter is param. Returns its index, or -1. */
 TABRA_API int32_t Ostrel_ListView_InsertItem(HWND listView, int32_t index, const char16_t *texts,

@@ -1,5 +1,5 @@
 // The in-house helpers for report list views: columns from a "Title|width|..."
-// specification and items from a separated list of column texts.
+// column list and items from a separated list of column texts.
 #include "ostrel_ui.h"
 
 #include "platform/window/message_dispatch.h"
@@ -47,11 +47,11 @@ int32_t parseWidth(const std::u16string &text) {
 
 extern "C" {
 
-int32_t Ostrel_ListView_CreateColumns(HWND handle, const char16_t *specification) {
+int32_t Ostrel_ListView_CreateColumns(HWND handle, const char16_t *columnList) {
     auto view = listViewOf(handle);
-    if (!view || !specification) return -1;
+    if (!view || !columnList) return -1;
     while (!view->as<ListViewState>()->columns.empty()) sendMessage(handle, LVM_DELETECOLUMN, 0, 0);
-    auto pieces = split(specification, u'|');
+    auto pieces = split(columnList, u'|');
     int32_t created = 0;
     for (std::size_t i = 0; i < pieces.size(); i += 2) {
         if (pieces[i].empty() && i + 1 >= pieces.size()) break; // a trailing "|"
