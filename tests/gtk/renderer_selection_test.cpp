@@ -50,7 +50,8 @@ ChildRun runChild(const std::vector<std::string> &set, const std::vector<std::st
         if (!dropped) environment.push_back(entry);
     }
     environment.insert(environment.end(), set.begin(), set.end());
-    environment.push_back(std::string(kChildVariable) + "=1");
+    environment.emplace_back(kChildVariable);
+    environment.back() += "=1";
     std::vector<char *> environmentPointers;
     for (auto &entry : environment) environmentPointers.push_back(entry.data());
     environmentPointers.push_back(nullptr);

@@ -1,5 +1,7 @@
 // The SELECT clause engine: keyword scanning, clause get and replace, WHERE moved
 // behind FROM. Pure text, no connection.
+#include <algorithm>
+#include <vector>
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "tabra.h"
@@ -22,10 +24,10 @@ using Replacer = int32_t (*)(char16_t *, int32_t, const char16_t *);
 
 std::u16string replaced(const std::u16string &statement, Replacer replace, const char16_t *text,
                         int32_t capacity = 500) {
-    std::u16string buffer(static_cast<size_t>(capacity), u'\0');
-    buffer.replace(0, statement.size(), statement);
+    std::vector<char16_t> buffer(static_cast<size_t>(capacity) + 1, u'\0');
+    std::copy_n(statement.begin(), std::min(statement.size(), buffer.size() - 1), buffer.begin());
     EXPECT_EQ(replace(buffer.data(), capacity, text), 0);
-    return buffer.c_str();
+    return std::u16string(buffer.data(), static_cast<size_t>(std::find(buffer.begin(), buffer.end(), u'\0') - buffer.begin()));
 }
 
 int32_t replaceFields(char16_t *s, int32_t c, const char16_t *t) { return Tabra_Select_Replace_FieldsClause(s, c, t, 0); }

@@ -78,7 +78,7 @@ TEST(LoadStringW, MissingStringsModulesAndBuffersGiveZero) {
 
 TEST(LoadStringW, FreedLibrariesAreNoLongerRead) {
     auto module = std::make_unique<tabra::platform::ResourceModule>();
-    module->tables.strings[1].text = u"x";
+    module->tables.strings.emplace(1, tabra::platform::StringEntry{std::u16string(1, u'x'), 0});
     HMODULE handle = tabra::platform::adoptResourceModule(std::move(module));
     EXPECT_EQ(Ostrel_FreeResourceLibrary(handle), 1);
     char16_t buffer[8];
