@@ -10,5 +10,7 @@
 #include "tabra_sqltext.h"
 #include "tabra_query.h"
 #include "tabra_catalog.h"
+#include "tabra_rowset.h"
+#include "tabra_systable.h"
 
 #endif

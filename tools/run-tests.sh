@@ -57,33 +57,12 @@ build() { # directory build-type sanitize [cmake options]
     return "$(cat "$WORK/build-status")"
 }
 
-# The server data sources of one build tree, beside its driver registrations.
-write_server_data_sources() { # build-directory
-    local odbc="$1/tests/odbc"
-    mkdir -p "$odbc"
-    cat >"$odbc/odbc.ini" <<INI
-; Server data sources of the current test run (written by tools/run-tests.sh)
-[TabraTestPostgreSQL]
-Driver=PostgreSQL Unicode
-Servername=127.0.0.1
-Port=$PG_PORT
-Database=$PG_DATABASE
-
-[TabraTestMariaDB]
-Driver=MariaDB Unicode
-Server=127.0.0.1
-Port=$MARIADB_PORT
-Database=$MARIADB_DATABASE
-CHARSET=utf8mb4
-INI
-}
-
 SUMMARY=()
 FAILED=0
 
 run_suite() { # name build-directory
     local name=$1 dir="$BUILD_ROOT/$2" log="$WORK/ctest-$1.log"
-    write_server_data_sources "$dir"
+    servers_write_data_sources "$dir"
     export ODBCSYSINI="$dir/tests/odbc"
     # (The tests get this from their ctest properties; listing them needs it too.)
     export TABRA_RESOURCE_DIR="$dir"

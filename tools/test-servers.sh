@@ -6,6 +6,7 @@
 #   source tools/test-servers.sh
 #   servers_start ROOT        starts both; sets the variables below
 #   servers_stop              stops them by their process ids, removes ROOT
+#   servers_write_data_sources BUILD   writes their ODBC data sources for a build tree
 #
 # After servers_start: PG_PORT PG_USER PG_PASSWORD PG_DATABASE and MARIADB_PORT
 # MARIADB_USER MARIADB_PASSWORD MARIADB_DATABASE. Servers run as their own system
@@ -146,6 +147,28 @@ servers_start() {
     chmod 755 "$SERVERS_ROOT"
     servers_start_postgresql
     servers_start_mariadb
+}
+
+# The data sources of the running servers, beside the driver registrations of a build
+# tree (BUILD/tests/odbc/odbc.ini, which ODBCSYSINI points the tests at).
+servers_write_data_sources() { # build-directory
+    local odbc="$1/tests/odbc"
+    mkdir -p "$odbc"
+    cat >"$odbc/odbc.ini" <<INI
+; Server data sources of the current test run (written by tools/test-servers.sh)
+[TabraTestPostgreSQL]
+Driver=PostgreSQL Unicode
+Servername=127.0.0.1
+Port=$PG_PORT
+Database=$PG_DATABASE
+
+[TabraTestMariaDB]
+Driver=MariaDB Unicode
+Server=127.0.0.1
+Port=$MARIADB_PORT
+Database=$MARIADB_DATABASE
+CHARSET=utf8mb4
+INI
 }
 
 servers_stop() {

@@ -1,15 +1,17 @@
 // tabra-demo: a host program of the Tabra library. It opens the library's data source
 // dialog on a data source (the demo database by default), connects through the
 // library and prints what it finds: the connection's description, and the tables and
-// views with their row counts.
+// views with their row counts. A command after the options runs one of the library's
+// services on that connection instead of the listing (tabra-demo --help lists them;
+// each lives in a demo_*.cpp file of its own).
 //
-//   tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE] [--tables]
+//   tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE] [COMMAND [ARGUMENTS...]]
 //
-// --tables adds the library's own catalog listing: each table with its record count
-// and its columns (name and type code), the primary key, and a free table name.
 // --script names a file of scripted dialog answers (the script language of
 // tabra_script.h), for running the library's dialogs without a user. Without a script
 // the dialogs show on the display, or, when there is none, take their default answers.
+#include "demo_host.h"
+
 #include <tabra.h>
 
 #include <langinfo.h>
@@ -29,16 +31,23 @@
 
 namespace {
 
+using demo::toUtf16;
+using demo::toUtf8;
+
 struct Options {
     std::string dataSource = "TabraDemo";
     std::string user;
     std::string password;
     std::optional<std::string> scriptFile;
-    bool tables = false; // --tables: the library's catalog listing
+    std::string command; // a registered command, or empty: the table listing
+    std::vector<std::string> arguments;
 };
 
 void printUsage(std::FILE *out) {
-    std::fprintf(out, "usage: tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE] [--tables]\n");
+    std::fprintf(out, "usage: tabra-demo [--dsn NAME] [--user USER] [--password PASSWORD] [--script FILE] "
+                      "[COMMAND [ARGUMENTS...]]\n\ncommands:\n");
+    for (const demo::DemoCommand *command : demo::commands())
+        std::fprintf(out, "  %s %s\n      %s\n", command->name, command->arguments, command->purpose);
 }
 
 // Reads the command line; nothing when it is wrong (after saying why).
@@ -66,11 +75,15 @@ std::optional<Options> parseOptions(int argc, char **argv) {
         } else if (argument == "--password") {
             if (!(given = value("--password"))) return std::nullopt;
             options.password = *given;
-        } else if (argument == "--tables") {
-            options.tables = true;
+        } else if (argument == "--tables") { // the listing's earlier name
+            options.command = "tables";
         } else if (argument == "--script") {
             if (!(given = value("--script"))) return std::nullopt;
             options.scriptFile = *given;
+        } else if (argument.rfind("--", 0) != 0 && demo::findCommand(argument)) {
+            options.command = argument;
+            options.arguments.assign(argv + i + 1, argv + argc);
+            break;
         } else {
             std::fprintf(stderr, "tabra-demo: unknown argument %s\n", argument.c_str());
             return std::nullopt;
@@ -87,18 +100,6 @@ void useUtf8CharacterType() {
     if (codeset && (std::strcmp(codeset, "UTF-8") == 0 || std::strcmp(codeset, "utf8") == 0)) return;
     if (!std::setlocale(LC_CTYPE, "C.UTF-8"))
         std::fprintf(stderr, "tabra-demo: no UTF-8 locale; non-ASCII text will be lost\n");
-}
-
-std::u16string toUtf16(const std::string &text) {
-    std::vector<char16_t> buffer(text.size() + 1);
-    Ostrel_Utf8ToUtf16(text.c_str(), buffer.data(), static_cast<int32_t>(buffer.size()));
-    return std::u16string(buffer.data());
-}
-
-std::string toUtf8(const std::u16string &text) {
-    std::vector<char> buffer(text.size() * 3 + 1);
-    Ostrel_Utf16ToUtf8(text.c_str(), buffer.data(), static_cast<int32_t>(buffer.size()));
-    return std::string(buffer.data());
 }
 
 SQLWCHAR *sqlText(std::u16string &text) { return reinterpret_cast<SQLWCHAR *>(text.data()); }
@@ -225,34 +226,6 @@ std::string withThousands(long long value) {
 
 } // namespace
 
-// The catalog through the library: tables, record counts, columns, keys, a free name.
-void printCatalog(SQLHDBC connection) {
-    std::vector<char16_t> list(30000);
-    if (Tabra_GetTables(connection, TABRA_TABLE_TYPE_TABLE, list.data(), 30000, u"\t") != 0) return;
-    std::printf("Tables (library catalog):\n");
-    char16_t table[200];
-    int32_t position = 0;
-    while (Ostrel_ReadToken(list.data(), &position, u'\t', table, 200) == 1) {
-        std::printf("  %s: %d records\n", toUtf8(table).c_str(), Tabra_GetRecordCount(connection, table, 0));
-        std::vector<char16_t> fields(30000);
-        Tabra_GetFields(connection, table, TABRA_FIELDS_WITH_TYPE, u"\t", fields.data(), 30000);
-        char16_t name[200], type[20];
-        int32_t at = 0;
-        while (Ostrel_ReadToken(fields.data(), &at, u'\t', name, 200) == 1 &&
-               Ostrel_ReadToken(fields.data(), &at, u'\t', type, 20) == 1) {
-            int32_t code = Tabra_SqlDataTypeToTabraDataType(std::atoi(toUtf8(type).c_str()));
-            std::printf("    %-24s ODBC type %-4s library type %d\n", toUtf8(name).c_str(), toUtf8(type).c_str(),
-                        code);
-        }
-        char16_t keys[300] = {};
-        if (Tabra_GetPrimaryKeyColumns(connection, table, 0, u", ", keys, 300) == 1 && keys[0] != u'\0')
-            std::printf("    primary key: %s\n", toUtf8(keys).c_str());
-    }
-    char16_t unique[100] = u"Orders";
-    Tabra_CreateUniqueTableName(connection, unique, 100);
-    std::printf("A free table name for \"Orders\": %s\n", toUtf8(unique).c_str());
-}
-
 const char *databaseTypeName(int32_t type) {
     static const char *const names[] = {"other", "Progress", "MySQL", "Access", "SQL Server", "Excel", "Oracle"};
     return type >= 0 && type <= 6 ? names[type] : "?";
@@ -340,6 +313,11 @@ int main(int argc, char **argv) {
         return 1;
     }
     printConnectionInfo(libraryConnection);
+    if (!options->command.empty()) {
+        int status = demo::findCommand(options->command)->run(libraryConnection, options->arguments);
+        Tabra_DisconnectDataSource(&environment, &libraryConnection);
+        return scriptWentWell() ? status : 1;
+    }
     Tabra_DisconnectDataSource(&environment, &libraryConnection);
 
     options->dataSource = toUtf8(record.DataSourceName);
@@ -357,6 +335,5 @@ int main(int argc, char **argv) {
         std::printf("  %-24s %-6s %12s rows\n", name.c_str(), toUtf8(table.type).c_str(),
                     rows ? withThousands(*rows).c_str() : "?");
     }
-    if (options->tables) printCatalog(connection.handle());
     return scriptWentWell() ? 0 : 1;
 }
