@@ -87,6 +87,29 @@ TABRA_API int32_t Ostrel_ExtendedFileNameDialog(HWND owner, int32_t mode, HMODUL
                                                 const char16_t *subKey, const char16_t *valueName,
                                                 char16_t *fileName, int32_t capacity);
 
+/* Makes a new, empty file with a unique name "<folder>/<prefix>XXXXXX" in the folder
+ * $TMPDIR names (else /tmp), created exclusively and readable only by the user, and
+ * writes its name into buffer. The caller uses it and removes it. Returns 1, or 0 when
+ * no file could be made or its name does not fit (the buffer is then emptied, when it
+ * can be). */
+TABRA_API int32_t CreateTemporaryFileName(char16_t *buffer, int32_t capacity, const char16_t *prefix);
+
+/* ---- File errors ---- */
+
+/* File error codes of Ostrel_ErrorHandler. */
+#define OSTREL_FILE_ERROR_ACCESS 2      /* no permission */
+#define OSTREL_FILE_ERROR_NOT_FOUND 3   /* the file or its folder does not exist */
+#define OSTREL_FILE_ERROR_EXISTS 4      /* the file exists already */
+#define OSTREL_FILE_ERROR_TOO_MANY 5    /* too many open files */
+#define OSTREL_FILE_ERROR_OTHER 6       /* any other failure */
+/* The first message string of the file error texts: code n is string 2950 + n. */
+#define OSTREL_FILE_ERROR_STRINGS 2950
+
+/* Shows the message for a file error code about fileName (inserted as %1), with the
+ * caption string captionId; texts and caption are strings of module. A code outside
+ * 2 to 6 is shown as 6. Returns the button that closed the message. */
+TABRA_API int32_t Ostrel_ErrorHandler(HMODULE module, int32_t captionId, int32_t errorCode, const char16_t *fileName);
+
 /* ---- Help ---- */
 
 /* Shows help topic `topic` of the module's help (the renderer shows the topic number;

@@ -4,7 +4,6 @@
 #include "platform/text/bounded_text.h"
 
 namespace tabra::platform {
-namespace {
 
 void appendNumber(std::u16string &out, int value, int minDigits) {
     char16_t digits[12];
@@ -19,6 +18,8 @@ void appendNumber(std::u16string &out, int value, int minDigits) {
     while (count > 0)
         out += digits[--count];
 }
+
+namespace {
 
 bool isWritable(const DateTimeStruct &value) { return isValidDate(value) || isTimeOnly(value); }
 

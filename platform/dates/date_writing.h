@@ -12,6 +12,9 @@
 
 namespace tabra::platform {
 
+// Appends value (negative as 0) in decimal, padded with zeros to minDigits.
+void appendNumber(std::u16string &out, int value, int minDigits);
+
 // "dd.mm.yyyy", "mm/dd/yyyy" or "yyyy-mm-dd" (with the format's separator), followed
 // by " hh:mm:ss" when withTime; a time without a date is written "hh:mm:ss".
 std::optional<std::u16string> formatUserDate(const DateTimeStruct &value, const UserDateFormat &format,
