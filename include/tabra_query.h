@@ -36,6 +36,66 @@ TABRA_API int32_t Tabra_SelDesc_To_WhereClause_Expanded(SQLHDBC connection, cons
 TABRA_API void Tabra_OpDesc_To_SetClause(SQLHDBC connection, const char16_t *opDesc, char16_t *out,
                                          int32_t outChars);
 
+/* ---- Descriptors in dialog rows ---- */
+
+/* One condition row of a dialog: the control ids of its column box, operator box and
+ * value box. A row table ends with a row whose column id is below 1; a row whose
+ * column id is 1 separates groups (its other ids are not read). */
+typedef struct ConditionRow {
+    int32_t column;
+    int32_t operation;
+    int32_t value;
+} ConditionRow;
+
+/* Kinds of descriptor: selection operators (WHERE) and assignment operators (SET). */
+#define TABRA_SELECTION_OPERATORS 1
+#define TABRA_ASSIGNMENT_OPERATORS 2
+
+/* The rows of the selection dialog (template 10019): one group of five conditions,
+ * then three single-condition alternatives. For an initialiser:
+ * static const ConditionRow rows[] = TABRA_SELECTION_DIALOG_ROWS; */
+#define TABRA_SELECTION_DIALOG_ROWS                                                   \
+    {{1011, 1012, 1013}, {1015, 1016, 1017}, {1018, 1019, 1020}, {1021, 1022, 1023},   \
+     {1024, 1025, 1026}, {1, 1, 1},          {114, 115, 1035},   {1, 1, 1},            \
+     {1027, 1028, 1029}, {1, 1, 1},          {1030, 1031, 1032}, {1, 1, 1},            \
+     {0, 0, 0}}
+
+/* Fills the boxes of every row (kind 1 or 2; any other kind does nothing): the operator
+ * box gets the kind's operators (translated labels, item data the operator code) and a
+ * last entry " " for no operator; with a columnList ("name\ttype\tname\ttype...", each
+ * column's ODBC type kept as its entry's item data) the column and value boxes get the
+ * columns, without one they are left as they are. Then the descriptor's groups are
+ * shown in the blocks of rows between separators, one group per block (an empty group
+ * leaves its block empty, so rows come back where they were written), one line per
+ * row (empty lines are skipped; lines beyond a block are not shown): the column box's
+ * text, the operator (the blank entry for an unknown key) and the value box's text. */
+TABRA_API void Tabra_OpDesc_To_DialogItems(int32_t kind, const char16_t *descriptor, const char16_t *columnList,
+                                           HWND dialog, const ConditionRow *rows);
+/* Builds a descriptor from the rows into out (emptied first): for each row with an
+ * operator and a column or value text, "column\tkey\tvalue\ttype\n" with the type taken
+ * from the column box's entry of that text (0 when there is none); character 11 for
+ * every separator row (each costs one character of room more than it takes). Column
+ * texts are read up to 99 characters, values up to 199. Returns 0 for a null dialog or
+ * out or outChars below 1, else 1 (out stays empty for a kind other than 1 or 2). */
+TABRA_API int32_t Tabra_DialogItems_To_OpDesc(int32_t kind, HWND dialog, const ConditionRow *rows, char16_t *out,
+                                              int32_t outChars);
+/* Copies the entries (texts and item data) of the first row's column box into the
+ * column boxes of the later rows and the value boxes of all rows, each emptied first.
+ * Nothing when the first row's column box does not exist. */
+TABRA_API void Tabra_OpDesc_Clone_Boxes(HWND dialog, const ConditionRow *rows);
+
+/* ---- The selection dialog ---- */
+
+/* Lets the user edit the selection descriptor in selDesc (capacity selDescChars) in the
+ * selection dialog over the active window, with the columns of columnList (see
+ * Tabra_OpDesc_To_DialogItems; may be null). The user may save the selection as a mask
+ * file ("OSTREL-SMS" and the descriptor, UTF-16LE) and load one. Returns 1 for OK
+ * (selDesc rewritten) and 2 for Cancel (selDesc untouched), or 2 at once for a null
+ * selDesc or a capacity below 10. The reserved values are kept and not used. */
+TABRA_API int32_t Tabra_Edit_SelDesc(char16_t *selDesc, int32_t selDescChars, const char16_t *columnList,
+                                     LPARAM reserved1, LPARAM reserved2);
+TABRA_API INT_PTR EditSelDesc_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+
 /* ---- SELECT clause editing ---- */
 
 /* Copies the clause named by keyword (and secondKeyword, or null: "ORDER" "BY") of

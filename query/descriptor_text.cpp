@@ -42,6 +42,18 @@ std::vector<std::u16string_view> splitNonEmpty(std::u16string_view text, char16_
     return pieces;
 }
 
+std::vector<std::u16string_view> splitKeepingEmpty(std::u16string_view text, char16_t separator) {
+    std::vector<std::u16string_view> pieces;
+    size_t start = 0;
+    while (start < text.size()) {
+        size_t end = text.find(separator, start);
+        if (end == std::u16string_view::npos) end = text.size();
+        pieces.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return pieces;
+}
+
 DescriptorLine parseDescriptorLine(std::u16string_view line) {
     size_t cursor = 0;
     DescriptorLine parsed;

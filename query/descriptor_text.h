@@ -17,6 +17,9 @@ inline constexpr size_t kValueLength = 299;          // characters of a value us
 
 // The pieces of text between separators, empty pieces skipped.
 std::vector<std::u16string_view> splitNonEmpty(std::u16string_view text, char16_t separator);
+// The pieces of text each ended by a separator, empty ones kept, and the rest after
+// the last separator when there is any.
+std::vector<std::u16string_view> splitKeepingEmpty(std::u16string_view text, char16_t separator);
 
 // One condition line: column (99 characters), operator key, value (299) and data type.
 struct DescriptorLine {
