@@ -60,6 +60,7 @@ int32_t transferRows(RowSetStatement &statement, SQLSMALLINT columns, std::u16st
         kinds.push_back(valueKindOf(resultColumnType(handle, static_cast<SQLUSMALLINT>(column))));
     ValueWriter writer(flags);
     RowSetReader reader(handle, kValueCapacity);
+    reader.useBlocks(columns);
     FetchedValue value;
     while (!stopped && columns > 0) {
         SQLRETURN rc = reader.nextRow();
