@@ -2,6 +2,7 @@
 // direction toggle and the alias dialog (scripted).
 #include "core/module/module_state.h"
 #include "support/backend_test.h"
+#include "support/box_contents.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "tabra.h"
@@ -63,15 +64,7 @@ protected:
     }
     void TearDown() override { DestroyWindow(dialog_); }
     static INT_PTR ignore(HWND, uint32_t, WPARAM, LPARAM) { return 0; }
-    std::vector<std::pair<std::u16string, LPARAM>> entries() const {
-        std::vector<std::pair<std::u16string, LPARAM>> all;
-        for (int32_t i = 0; i < Ostrel_GetBoxCount(box_); ++i) {
-            char16_t text[200];
-            Ostrel_GetBoxEntry(box_, i, text, 200);
-            all.emplace_back(text, Ostrel_GetItemData(box_, i));
-        }
-        return all;
-    }
+    BoxEntries entries() const { return boxEntries(box_); }
     HWND dialog_ = nullptr;
     HWND box_ = nullptr;
 };

@@ -1,0 +1,43 @@
+// The selection dialog as a user sees it: rows of column, operator and value boxes
+// filled from a descriptor over the shipped template.
+#include "gtk_test_support.h"
+
+#ifdef TABRA_WITH_GTK
+
+#include "tabra_query.h"
+
+namespace tabra::test {
+namespace {
+
+class GtkRendererSelectionDialog : public GtkRendererTest {};
+
+std::string activeText(GtkWidget *combo) {
+    gchar *text = gtk_combo_box_text_get_active_text(GTK_COMBO_BOX_TEXT(combo));
+    std::string result = text ? text : "";
+    g_free(text);
+    return result;
+}
+
+TEST_F(GtkRendererSelectionDialog, ShowsTheDescriptorInItsRows) {
+    char16_t selection[200] = u"Country\tBW\tGer\t12\nCreditLimit\tGE\t1.000,50\t3\n\vPhone\tIN\t\t12\n";
+    onShown({[&](const gtk::automation::Shown &shown) {
+        ASSERT_EQ(shown.id, 10019);
+        HWND dialog = shown.handle;
+        GtkWidget *column = widgetOf(dialog, 1011);
+        ASSERT_TRUE(column != nullptr && GTK_IS_COMBO_BOX_TEXT(column));
+        EXPECT_EQ(activeText(column), "Country");
+        EXPECT_EQ(gtk_tree_model_iter_n_children(gtk_combo_box_get_model(GTK_COMBO_BOX(column)), nullptr), 4);
+        EXPECT_EQ(activeText(widgetOf(dialog, 1016)), "is greater than or equal to");
+        EXPECT_EQ(activeText(widgetOf(dialog, 115)), "is empty");
+        EXPECT_STREQ(gtk_entry_get_text(GTK_ENTRY(gtk_bin_get_child(GTK_BIN(widgetOf(dialog, 1017))))), "1.000,50");
+        saveScreenshot(shown.window, "selection-dialog");
+        clickControl(dialog, IDCANCEL);
+    }});
+    EXPECT_EQ(Tabra_Edit_SelDesc(selection, 200, u"Country\t12\tCreditLimit\t3\tPhone\t12\tCustomerSince\t9", 0, 0), 2);
+    EXPECT_EQ(shownCount(), 1u);
+}
+
+} // namespace
+} // namespace tabra::test
+
+#endif
