@@ -89,6 +89,33 @@ TEST_P(SelectionBackendTest, SetListUpdatesTheRows) {
     EXPECT_EQ(selectedIds(connection, u"Amount Due\tEQ\t2\t3\n"), u"12");
 }
 
+// A column named like a keyword and literals holding keywords: the condition runs as it
+// is, and put into a statement through the clause functions it still selects the rows.
+TEST_P(SelectionBackendTest, KeywordsInNamesAndLiteralsAndUmlauts) {
+    OdbcConnection connection = connect();
+    executeSql(connection, u"CREATE TABLE sel_keys (id INTEGER, FROM_DATE DATE, Note VARCHAR(40))");
+    executeAll(connection, {
+                               u"INSERT INTO sel_keys VALUES (1, '2024-01-01', 'select x from y where z')",
+                               u"INSERT INTO sel_keys VALUES (2, '2023-06-30', 'Größe ändern')",
+                               u"INSERT INTO sel_keys VALUES (3, NULL, 'order by')",
+                           });
+    char16_t condition[1000];
+    Tabra_SelDesc_To_WhereClause(connection.handle(),
+                                 u"FROM_DATE\tGE\t2024-01-01\t9\n\vNote\tCT\tfrom y where\t12\n\v"
+                                 u"Note\tBW\tGröße\t12\n\vNote\tIL\torder by;x\t12\n",
+                                 condition, 1000);
+    auto ids = [&](const std::u16string &statement) {
+        std::u16string found;
+        for (const Row &row : queryRows(connection, statement)) found += row[0].value_or(u"null") + u";";
+        return found;
+    };
+    EXPECT_EQ(ids(u"SELECT id FROM sel_keys WHERE " + std::u16string(condition) + u" ORDER BY id"), u"1;2;3;");
+    char16_t statement[2000] = u"SELECT id FROM sel_keys ORDER BY id";
+    ASSERT_EQ(Tabra_Select_Replace_WhereClause(statement, 2000, u"Note CT 'where from' OR id = 2"), 0);
+    ASSERT_EQ(Tabra_Select_Replace_WhereClause(statement, 2000, condition), 0);
+    EXPECT_EQ(ids(statement), u"1;2;3;") << toUtf8(statement);
+}
+
 TABRA_INSTANTIATE_BACKEND_TEST(SelectionBackendTest);
 
 } // namespace
