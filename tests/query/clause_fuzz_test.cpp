@@ -1,6 +1,7 @@
 // A bounded fuzz run (fixed seed and iteration count) over the descriptor and clause
 // functions with small capacities: outputs stay terminated within their capacity and
 // nothing reads or writes out of bounds (the sanitizer build checks the latter).
+#include "core/module/module_state.h"
 #include "tabra.h"
 
 #include <gtest/gtest.h>
@@ -58,6 +59,27 @@ TEST(QueryFuzz, DescriptorAndClauseFunctionsStayInBounds) {
         }
         ASSERT_TRUE(terminatedWithin(statement, capacity));
     }
+}
+
+// Random descriptors through the rows of the selection dialog and back with small
+// capacities.
+TEST(QueryFuzz, DialogRowTransferStaysInBounds) {
+    static const ConditionRow rows[] = TABRA_SELECTION_DIALOG_ROWS;
+    HWND dialog = CreateDialogParamW(tabra::module::resourceLibrary(), 10019, nullptr,
+                                     [](HWND, uint32_t, WPARAM, LPARAM) -> INT_PTR { return 0; }, 0);
+    ASSERT_NE(dialog, nullptr);
+    std::mt19937 random(20261123);
+    for (int iteration = 0; iteration < 500; ++iteration) {
+        std::u16string input = randomText(random, 160);
+        int32_t kind = 1 + static_cast<int32_t>(iteration % 2);
+        Tabra_OpDesc_To_DialogItems(kind, input.c_str(), iteration % 3 ? u"a\t4\tb\t12" : nullptr, dialog, rows);
+        int32_t capacity = 1 + static_cast<int32_t>(random() % 40);
+        std::u16string out(static_cast<size_t>(capacity), u'#');
+        Tabra_DialogItems_To_OpDesc(kind, dialog, rows, out.data(), capacity);
+        ASSERT_TRUE(terminatedWithin(out, capacity));
+    }
+    Tabra_OpDesc_Clone_Boxes(dialog, rows);
+    DestroyWindow(dialog);
 }
 
 } // namespace
