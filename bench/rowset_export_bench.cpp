@@ -132,8 +132,8 @@ int64_t rawExport(SQLHDBC connection, std::u16string sql, const std::string &pat
     if (!SQL_SUCCEEDED(SQLExecDirectW(statement, sqlText(sql), SQL_NTS))) throw std::runtime_error("raw: exec");
     SQLSMALLINT columns = 0;
     SQLNumResultCols(statement, &columns);
+    std::vector<char> streamBuffer(1 << 20); // outlives the stream that writes through it
     std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(path.c_str(), "wb"), std::fclose);
-    std::vector<char> streamBuffer(1 << 20);
     std::setvbuf(file.get(), streamBuffer.data(), _IOFBF, streamBuffer.size());
     std::vector<char16_t> value(5000);
     const char16_t tab = u'\t', lineFeed = u'\n';

@@ -50,4 +50,13 @@ fi
 export TABRA_BENCH_ROWSET_SQLITE_DB="$DATA/bench.db" TABRA_BENCH_ROWSET_DIR="$DATA"
 export TABRA_BENCH_PG_DSN="$TABRA_TEST_PG_DSN" TABRA_BENCH_PG_USER="$TABRA_TEST_PG_USER"
 export TABRA_BENCH_PG_PASSWORD="$TABRA_TEST_PG_PASSWORD"
-"$BUILD/bench/tabra_bench" --benchmark_filter=RowSetExport --benchmark_counters_tabular=true "$@"
+# Each case in a process of its own, so that its memory peak is its own; the library
+# runs before the raw loop, whose output is compared with the library's file.
+for backend in SQLite PostgreSQL; do
+    for kind in Library RawPerCell Sqlite3Cli PsqlCopy; do
+        for rows in 250000 1000000; do
+            "$BUILD/bench/tabra_bench" --benchmark_filter="^BM_RowSetExport_${kind}_${backend}/${rows}/" \
+                --benchmark_counters_tabular=true "$@" 2>/dev/null | grep '^BM_' || true
+        done
+    done
+done
