@@ -38,7 +38,8 @@ TABRA_API int32_t OdbcEh_PerformSqlStatement(int32_t context, SQLHDBC connection
                                              const char16_t *tolerated);
 /* Empties the box and adds column 1 of each row; a second column that is not NULL gives
  * the item data: its number, or with flags bit 0x80 (a negative flags byte) a heap copy
- * of its text that the box owns from then on. */
+ * of its text that the box owns from then on (allocated with malloc: release it with
+ * free() when the entry goes). */
 TABRA_API int32_t OdbcEh_SelectRowSetToBox(int32_t context, SQLHDBC connection, const char16_t *statement,
                                            HWND box, const char16_t *tolerated, int8_t flags);
 /* Empties the list view and inserts an item per row whose sub-items 0, 1, ... hold the
@@ -50,8 +51,11 @@ TABRA_API int32_t OdbcEh_SelectRowSetToListView(int32_t context, SQLHDBC connect
  * byte order mark: fields joined by fieldSeparator (null or empty: tab), records by
  * recordSeparator (null or empty: line feed), none after the last record. rowCount (may
  * be null) holds on entry the rows expected, for the progress indicator, and on return
- * the records written (the header included). A user abort is a success with the count
- * so far. A file that cannot be created is reported through Ostrel_ErrorHandler. */
+ * the records written (the header included). A user abort is a success: the records
+ * written so far stay in the file and are counted. The file is written beside the
+ * target and replaces it only when the transfer succeeds: after a failure no partial
+ * file is left and an existing file is as it was. A file that cannot be created is
+ * reported through Ostrel_ErrorHandler (caption 2903). */
 TABRA_API int32_t OdbcEh_SelectRowSetToFile(int32_t context, SQLHDBC connection, const char16_t *statement,
                                             const char16_t *fieldSeparator, const char16_t *recordSeparator,
                                             const char16_t *fileName, int32_t *rowCount, const char16_t *tolerated,
