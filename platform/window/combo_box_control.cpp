@@ -12,16 +12,12 @@
 namespace tabra::window {
 namespace {
 
-bool validIndex(const ComboBoxState &state, intptr_t index) {
-    return index >= 0 && index < static_cast<intptr_t>(state.entries.size());
-}
+bool validIndex(const ComboBoxState &state, intptr_t index) { return validEntryIndex(state.entries, index); }
 
-int32_t insertEntry(Window &combo, ComboBoxState &state, int32_t position, std::u16string text) {
-    state.entries.insert(state.entries.begin() + position, ListEntry{std::move(text), 0, false});
-    if (state.current >= position) ++state.current;
-    announce(combo, Change::EntryInserted, position);
-    return position;
-}
+constexpr EntryMessageSet comboEntryMessages{CB_ADDSTRING,   CB_INSERTSTRING, CB_GETCOUNT,
+                                             CB_GETLBTEXT,   CB_GETLBTEXTLEN, CB_GETITEMDATA,
+                                             CB_SETITEMDATA, CB_FINDSTRING,   CB_FINDSTRINGEXACT,
+                                             CB_ERR};
 
 void setText(Window &combo, std::u16string text) {
     if (combo.text == text) return;
@@ -81,6 +77,9 @@ void setComboSelection(Window &combo, int32_t index) {
 bool comboBoxMessage(Window &combo, uint32_t message, WPARAM wParam, LPARAM lParam, LRESULT &result) {
     auto *state = combo.as<ComboBoxState>();
     if (!state) return false;
+    if (entryListMessage(combo, {state->entries, state->current, (combo.style & CBS_SORT) != 0}, comboEntryMessages,
+                         message, wParam, lParam, result))
+        return true;
     auto index = static_cast<intptr_t>(wParam);
     auto count = static_cast<int32_t>(state->entries.size());
     switch (message) {
@@ -107,18 +106,6 @@ bool comboBoxMessage(Window &combo, uint32_t message, WPARAM wParam, LPARAM lPar
         typeCharacter(combo, *state, static_cast<char16_t>(wParam));
         result = 0;
         return true;
-    case CB_ADDSTRING: {
-        std::u16string text = textFromParameter(lParam);
-        int32_t position = (combo.style & CBS_SORT) ? sortedPosition(state->entries, text) : count;
-        result = insertEntry(combo, *state, position, std::move(text));
-        return true;
-    }
-    case CB_INSERTSTRING:
-        if (index == -1) index = count;
-        result = (index < 0 || index > count) ? CB_ERR
-                                              : insertEntry(combo, *state, static_cast<int32_t>(index),
-                                                            textFromParameter(lParam));
-        return true;
     case CB_DELETESTRING:
         if (!validIndex(*state, index)) {
             result = CB_ERR;
@@ -141,48 +128,12 @@ bool comboBoxMessage(Window &combo, uint32_t message, WPARAM wParam, LPARAM lPar
         announce(combo, Change::EntriesCleared);
         result = 0;
         return true;
-    case CB_GETCOUNT:
-        result = count;
-        return true;
     case CB_GETCURSEL:
         result = validIndex(*state, state->current) ? state->current : CB_ERR;
         return true;
     case CB_SETCURSEL:
         setComboSelection(combo, static_cast<int32_t>(index));
         result = validIndex(*state, index) ? index : CB_ERR;
-        return true;
-    case CB_GETLBTEXT:
-        if (!validIndex(*state, index)) {
-            result = CB_ERR;
-            return true;
-        }
-        if (auto *buffer = reinterpret_cast<char16_t *>(lParam)) {
-            const auto &text = state->entries[static_cast<std::size_t>(index)].text;
-            text.copy(buffer, text.size());
-            buffer[text.size()] = 0;
-        }
-        result = static_cast<LRESULT>(state->entries[static_cast<std::size_t>(index)].text.size());
-        return true;
-    case CB_GETLBTEXTLEN:
-        result = validIndex(*state, index) ? static_cast<LRESULT>(state->entries[static_cast<std::size_t>(index)].text.size())
-                                           : CB_ERR;
-        return true;
-    case CB_GETITEMDATA:
-        result = validIndex(*state, index) ? state->entries[static_cast<std::size_t>(index)].data : CB_ERR;
-        return true;
-    case CB_SETITEMDATA:
-        if (!validIndex(*state, index)) {
-            result = CB_ERR;
-            return true;
-        }
-        state->entries[static_cast<std::size_t>(index)].data = lParam;
-        announce(combo, Change::EntryChanged, static_cast<int32_t>(index));
-        result = 0;
-        return true;
-    case CB_FINDSTRING:
-    case CB_FINDSTRINGEXACT:
-        result = findListEntry(state->entries, textFromParameter(lParam), static_cast<int32_t>(index),
-                               message == CB_FINDSTRINGEXACT);
         return true;
     case CB_SELECTSTRING: {
         int32_t found = findListEntry(state->entries, textFromParameter(lParam), static_cast<int32_t>(index), false);

@@ -3,7 +3,6 @@
 // messages never notify the dialog; only user input does (user_input.cpp).
 #include "platform/window/list_box_control.h"
 
-#include "platform/text/case_folding.h"
 #include "platform/window/message_dispatch.h"
 
 #include <algorithm>
@@ -11,44 +10,16 @@
 namespace tabra::window {
 namespace {
 
-bool startsWithIgnoringCase(std::u16string_view text, std::u16string_view prefix) {
-    return text.size() >= prefix.size() && platform::equalIgnoringCase(text.substr(0, prefix.size()), prefix);
-}
+bool validIndex(const ListBoxState &state, intptr_t index) { return validEntryIndex(state.entries, index); }
 
-bool validIndex(const ListBoxState &state, intptr_t index) {
-    return index >= 0 && index < static_cast<intptr_t>(state.entries.size());
-}
-
-int32_t insertEntry(Window &list, ListBoxState &state, int32_t position, std::u16string text) {
-    state.entries.insert(state.entries.begin() + position, ListEntry{std::move(text), 0, false});
-    if (state.current >= position) ++state.current;
-    announce(list, Change::EntryInserted, position);
-    return position;
-}
+constexpr EntryMessageSet listEntryMessages{LB_ADDSTRING,   LB_INSERTSTRING, LB_GETCOUNT,
+                                            LB_GETTEXT,     LB_GETTEXTLEN,   LB_GETITEMDATA,
+                                            LB_SETITEMDATA, LB_FINDSTRING,   LB_FINDSTRINGEXACT,
+                                            LB_ERR};
 
 } // namespace
 
 bool isMultipleSelectionList(const Window &list) { return (list.style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0; }
-
-int32_t findListEntry(const std::vector<ListEntry> &entries, std::u16string_view text, int32_t start, bool exact) {
-    auto count = static_cast<int32_t>(entries.size());
-    if (count == 0) return -1;
-    int32_t first = (start < 0 || start >= count) ? 0 : start + 1;
-    for (int32_t n = 0; n < count; ++n) {
-        int32_t i = (first + n) % count;
-        const auto &entry = entries[static_cast<std::size_t>(i)].text;
-        if (exact ? platform::equalIgnoringCase(entry, text) : startsWithIgnoringCase(entry, text)) return i;
-    }
-    return -1;
-}
-
-int32_t sortedPosition(const std::vector<ListEntry> &entries, std::u16string_view text) {
-    std::u16string key = platform::foldedCopy(text);
-    auto after = std::upper_bound(entries.begin(), entries.end(), key, [](const std::u16string &wanted, const ListEntry &entry) {
-        return wanted < platform::foldedCopy(entry.text);
-    });
-    return static_cast<int32_t>(after - entries.begin());
-}
 
 std::vector<int32_t> selectedListEntries(const Window &list) {
     const auto *state = list.as<ListBoxState>();
@@ -80,22 +51,13 @@ void setListSelection(Window &list, const std::vector<int32_t> &indices) {
 bool listBoxMessage(Window &list, uint32_t message, WPARAM wParam, LPARAM lParam, LRESULT &result) {
     auto *state = list.as<ListBoxState>();
     if (!state) return false;
+    if (entryListMessage(list, {state->entries, state->current, (list.style & LBS_SORT) != 0}, listEntryMessages, message,
+                         wParam, lParam, result))
+        return true;
     bool multiple = isMultipleSelectionList(list);
     auto index = static_cast<intptr_t>(wParam);
     auto count = static_cast<int32_t>(state->entries.size());
     switch (message) {
-    case LB_ADDSTRING: {
-        std::u16string text = textFromParameter(lParam);
-        int32_t position = (list.style & LBS_SORT) ? sortedPosition(state->entries, text) : count;
-        result = insertEntry(list, *state, position, std::move(text));
-        return true;
-    }
-    case LB_INSERTSTRING:
-        if (index == -1) index = count;
-        result = (index < 0 || index > count) ? LB_ERR
-                                              : insertEntry(list, *state, static_cast<int32_t>(index),
-                                                            textFromParameter(lParam));
-        return true;
     case LB_DELETESTRING:
         if (!validIndex(*state, index)) {
             result = LB_ERR;
@@ -112,37 +74,6 @@ bool listBoxMessage(Window &list, uint32_t message, WPARAM wParam, LPARAM lParam
         state->current = -1;
         state->top = 0;
         announce(list, Change::EntriesCleared);
-        result = 0;
-        return true;
-    case LB_GETCOUNT:
-        result = count;
-        return true;
-    case LB_GETTEXT:
-        if (!validIndex(*state, index)) {
-            result = LB_ERR;
-            return true;
-        }
-        if (auto *buffer = reinterpret_cast<char16_t *>(lParam)) {
-            const auto &text = state->entries[static_cast<std::size_t>(index)].text;
-            text.copy(buffer, text.size());
-            buffer[text.size()] = 0;
-        }
-        result = static_cast<LRESULT>(state->entries[static_cast<std::size_t>(index)].text.size());
-        return true;
-    case LB_GETTEXTLEN:
-        result = validIndex(*state, index) ? static_cast<LRESULT>(state->entries[static_cast<std::size_t>(index)].text.size())
-                                           : LB_ERR;
-        return true;
-    case LB_GETITEMDATA:
-        result = validIndex(*state, index) ? state->entries[static_cast<std::size_t>(index)].data : LB_ERR;
-        return true;
-    case LB_SETITEMDATA:
-        if (!validIndex(*state, index)) {
-            result = LB_ERR;
-            return true;
-        }
-        state->entries[static_cast<std::size_t>(index)].data = lParam;
-        announce(list, Change::EntryChanged, static_cast<int32_t>(index));
         result = 0;
         return true;
     case LB_SETCURSEL:
@@ -194,11 +125,6 @@ bool listBoxMessage(Window &list, uint32_t message, WPARAM wParam, LPARAM lParam
         result = written;
         return true;
     }
-    case LB_FINDSTRING:
-    case LB_FINDSTRINGEXACT:
-        result = findListEntry(state->entries, textFromParameter(lParam), static_cast<int32_t>(index),
-                               message == LB_FINDSTRINGEXACT);
-        return true;
     case LB_SELECTSTRING: {
         if (multiple) {
             result = LB_ERR;

@@ -2,21 +2,15 @@
 // optionally sorted (LBS_SORT), with item data per entry.
 #pragma once
 
+#include "platform/window/box_entries.h"
 #include "tabra_base.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace tabra::window {
 
 struct Window;
-
-struct ListEntry {
-    std::u16string text;
-    LPARAM data = 0;
-    bool selected = false; // used by multiple-selection lists
-};
 
 struct ListBoxState {
     std::vector<ListEntry> entries;
@@ -25,12 +19,6 @@ struct ListBoxState {
 };
 
 bool isMultipleSelectionList(const Window &list);
-
-// Index of the first entry at or after start whose text equals (exact) or begins with
-// (prefix) text, ignoring case as Win32 does; searching wraps once around; -1 if none.
-int32_t findListEntry(const std::vector<ListEntry> &entries, std::u16string_view text, int32_t start, bool exact);
-// Index at which a sorted list inserts text (after equal texts).
-int32_t sortedPosition(const std::vector<ListEntry> &entries, std::u16string_view text);
 
 // The indices of the selected entries in order (single selection: at most one).
 std::vector<int32_t> selectedListEntries(const Window &list);

@@ -42,7 +42,6 @@ TEST_F(ComboBox, ADropDownListShowsOnlyItsEntries) {
     EXPECT_EQ(SetWindowTextW(list, u"name"), 1);
     EXPECT_EQ(windowText(list), u"Name") << "the entry's own text";
     EXPECT_EQ(SendMessageW(list, CB_GETCURSEL, 0, 0), 1);
-    EXPECT_EQ(SendMessageW(list, CB_GETITEMDATA, 1, 0), 12);
     EXPECT_EQ(SendMessageW(list, CB_SETCURSEL, 2, 0), 2);
     EXPECT_EQ(windowText(list), u"Born");
     SendMessageW(list, CB_DELETESTRING, 2, 0);
@@ -60,7 +59,6 @@ TEST_F(ComboBox, AnEditableComboKeepsAnyText) {
     EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), CB_ERR);
     SendMessageW(combo, CB_SETCURSEL, 0, 0);
     EXPECT_EQ(windowText(combo), u"ID");
-    EXPECT_EQ(SendMessageW(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(u"born")), 2);
     EXPECT_EQ(SendMessageW(combo, CB_SELECTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(u"na")), 1);
     EXPECT_EQ(windowText(combo), u"Name");
     DestroyWindow(dialog);

@@ -14,10 +14,11 @@ protected:
                        .listBox(1004)
                        .listBox(1005, LBS_MULTIPLESEL)
                        .listBox(1006, LBS_SORT)
+                       .comboBox(1007, CBS_DROPDOWN)
                        .okCancel());
         procedure = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_INITDIALOG) {
-                for (int32_t id : {1004, 1005}) Ostrel_FillBox(GetDlgItem(dialog, id), u'\t', u"Alpha\tbeta\tGamma\tBeta");
+                for (int32_t id : {1004, 1005, 1007}) Ostrel_FillBox(GetDlgItem(dialog, id), u'\t', u"Alpha\tbeta\tGamma\tBeta");
             }
             if (message != WM_COMMAND) return 0;
             commands.push_back({LOWORD(wParam), static_cast<int16_t>(HIWORD(wParam))});
@@ -86,23 +87,58 @@ TEST_F(ListBox, ASingleSelectionListTakesOneEntry) {
     EXPECT_NE(report().find("list box 1004 takes exactly one selected entry"), std::string::npos) << report();
 }
 
-TEST_F(ListBox, SearchingIgnoresCaseAndWraps) {
-    HWND dialog = createModeless(module, 400, procedure);
-    HWND list = GetDlgItem(dialog, 1004);
-    auto find = [&](uint32_t message, intptr_t start, const char16_t *text) {
-        return SendMessageW(list, message, static_cast<WPARAM>(start), reinterpret_cast<LPARAM>(text));
+// The entry messages list boxes and combo boxes share, each in its own numbers:
+// searching (ignoring case, starting after the start index, wrapping), inserting,
+// reading texts and item data, and LB_ERR / CB_ERR for indexes out of range.
+TEST_F(ListBox, ListsAndCombosAnswerTheEntryMessagesAlike) {
+    struct Messages {
+        int32_t id;
+        uint32_t insert, count, getText, getTextLength, getData, setData, find, findExact, select, getSelection;
+        LRESULT error;
     };
-    EXPECT_EQ(find(LB_FINDSTRINGEXACT, -1, u"BETA"), 1);
-    EXPECT_EQ(find(LB_FINDSTRINGEXACT, 1, u"beta"), 3) << "the search starts after the start index";
-    EXPECT_EQ(find(LB_FINDSTRINGEXACT, 3, u"beta"), 1) << "and wraps around";
-    EXPECT_EQ(find(LB_FINDSTRINGEXACT, -1, u"bet"), LB_ERR);
-    EXPECT_EQ(find(LB_FINDSTRING, -1, u"ga"), 2);
-    EXPECT_EQ(find(LB_SELECTSTRING, -1, u"al"), 0);
-    EXPECT_EQ(SendMessageW(list, LB_GETCURSEL, 0, 0), 0);
+    const Messages kinds[] = {
+        {1004, LB_INSERTSTRING, LB_GETCOUNT, LB_GETTEXT, LB_GETTEXTLEN, LB_GETITEMDATA, LB_SETITEMDATA, LB_FINDSTRING,
+         LB_FINDSTRINGEXACT, LB_SELECTSTRING, LB_GETCURSEL, LB_ERR},
+        {1007, CB_INSERTSTRING, CB_GETCOUNT, CB_GETLBTEXT, CB_GETLBTEXTLEN, CB_GETITEMDATA, CB_SETITEMDATA, CB_FINDSTRING,
+         CB_FINDSTRINGEXACT, CB_SELECTSTRING, CB_GETCURSEL, CB_ERR},
+    };
+    HWND dialog = createModeless(module, 400, procedure);
+    for (const Messages &m : kinds) {
+        SCOPED_TRACE(m.id);
+        HWND box = GetDlgItem(dialog, m.id);
+        auto send = [&](uint32_t message, intptr_t wParam, const void *lParam = nullptr) {
+            return SendMessageW(box, message, static_cast<WPARAM>(wParam), reinterpret_cast<LPARAM>(lParam));
+        };
+        EXPECT_EQ(send(m.findExact, -1, u"BETA"), 1);
+        EXPECT_EQ(send(m.findExact, 1, u"beta"), 3) << "the search starts after the start index";
+        EXPECT_EQ(send(m.findExact, 3, u"beta"), 1) << "and wraps around";
+        EXPECT_EQ(send(m.findExact, -1, u"bet"), m.error);
+        EXPECT_EQ(send(m.find, -1, u"ga"), 2);
+        EXPECT_EQ(send(m.select, -1, u"al"), 0);
+        EXPECT_EQ(send(m.getSelection, 0), 0);
+
+        EXPECT_EQ(send(m.insert, 9, u"x"), m.error);
+        EXPECT_EQ(send(m.insert, 0, u"Delta"), 0);
+        EXPECT_EQ(send(m.getSelection, 0), 1) << "the selection moves with its entry";
+        EXPECT_EQ(send(m.insert, -1, u"Omega"), 5) << "-1 appends";
+        EXPECT_EQ(send(m.count, 0), 6);
+        char16_t text[16] = {};
+        EXPECT_EQ(send(m.getText, 0, text), 5);
+        EXPECT_EQ(std::u16string(text), u"Delta");
+        EXPECT_EQ(send(m.getTextLength, 5), 5);
+        EXPECT_EQ(send(m.getText, 6, text), m.error);
+        EXPECT_EQ(send(m.getTextLength, -1), m.error);
+
+        EXPECT_EQ(send(m.setData, 2, reinterpret_cast<const void *>(4711)), 0);
+        EXPECT_EQ(send(m.getData, 2), 4711);
+        EXPECT_EQ(send(m.setData, 7, reinterpret_cast<const void *>(1)), m.error);
+        EXPECT_EQ(send(m.getData, 7), m.error);
+    }
+    EXPECT_TRUE(commands.empty()) << "the program's messages notify nobody";
     DestroyWindow(dialog);
 }
 
-TEST_F(ListBox, ItemDataSortingAndDeletion) {
+TEST_F(ListBox, SortingAndDeletion) {
     HWND dialog = createModeless(module, 400, procedure);
     HWND sorted = GetDlgItem(dialog, 1006);
     for (const char16_t *text : {u"pear", u"Apple", u"fig", u"apple"}) SendMessageW(sorted, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
@@ -114,19 +150,16 @@ TEST_F(ListBox, ItemDataSortingAndDeletion) {
     }
     EXPECT_EQ(order, (std::vector<std::u16string>{u"Apple", u"apple", u"fig", u"pear"}));
     EXPECT_EQ(SendMessageW(sorted, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(u"zzz")), 0) << "insertion ignores the sort";
-    EXPECT_EQ(SendMessageW(sorted, LB_INSERTSTRING, 9, reinterpret_cast<LPARAM>(u"x")), LB_ERR);
 
     HWND list = GetDlgItem(dialog, 1004);
     SendMessageW(list, LB_SETITEMDATA, 2, 4711);
-    EXPECT_EQ(SendMessageW(list, LB_GETITEMDATA, 2, 0), 4711);
-    EXPECT_EQ(SendMessageW(list, LB_GETITEMDATA, 7, 0), LB_ERR);
     SendMessageW(list, LB_SETCURSEL, 2, 0);
     EXPECT_EQ(SendMessageW(list, LB_DELETESTRING, 0, 0), 3) << "answers the entries left";
     EXPECT_EQ(SendMessageW(list, LB_GETCURSEL, 0, 0), 1) << "the selection moves with its entry";
     EXPECT_EQ(SendMessageW(list, LB_GETITEMDATA, 1, 0), 4711);
     SendMessageW(list, LB_DELETESTRING, 1, 0);
     EXPECT_EQ(SendMessageW(list, LB_GETCURSEL, 0, 0), LB_ERR) << "deleting the selected entry clears the selection";
-    EXPECT_EQ(SendMessageW(list, LB_GETTEXTLEN, 0, 0), 4);
+    EXPECT_EQ(SendMessageW(list, LB_DELETESTRING, 7, 0), LB_ERR);
     SendMessageW(list, LB_RESETCONTENT, 0, 0);
     EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 0);
     DestroyWindow(dialog);
