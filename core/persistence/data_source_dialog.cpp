@@ -3,6 +3,7 @@
 // closes with OK once the login has worked.
 #include "core/diagnostics/message_ids.h"
 #include "core/module/module_state.h"
+#include "core/persistence/picker_dialog.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
 #include "tabra_window.h"
@@ -19,7 +20,7 @@ struct DataSourceDialogState {
     DataSourceInfo *callerRecord = nullptr;
 };
 
-void showRememberedUser(HWND dialog) {
+void showRememberedUser(HWND dialog, DataSourceDialogState &) {
     char16_t name[100] = {};
     char16_t user[50] = {};
     Ostrel_GetBoxEntry(GetDlgItem(dialog, kDataSourceList), -1, name, 100);
@@ -29,7 +30,8 @@ void showRememberedUser(HWND dialog) {
     SetDlgItemTextW(dialog, kPasswordField, u"");
 }
 
-void initialise(HWND dialog, DataSourceInfo *record) {
+void initialise(HWND dialog, DataSourceDialogState &state) {
+    DataSourceInfo *record = state.callerRecord;
     LTS_TranslateDialog(dialog, tabra::module::kTranslationModuleName, 0);
     HWND list = GetDlgItem(dialog, kDataSourceList);
     Tabra_FillDataSourcesBox(list);
@@ -71,32 +73,9 @@ void accept(HWND dialog, DataSourceDialogState &state) {
 } // namespace
 
 extern "C" INT_PTR DataSourceDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    auto *state = reinterpret_cast<DataSourceDialogState *>(GetWindowLongPtrW(dialog, DWLP_USER));
-    switch (message) {
-    case WM_INITDIALOG:
-        state = reinterpret_cast<DataSourceDialogState *>(lParam);
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        initialise(dialog, state->callerRecord);
-        return 1;
-    case WM_COMMAND:
-        if (state == nullptr) return 0;
-        switch (GetWmCommandId(wParam)) {
-        case kDataSourceList:
-            if (GetWmCommandNotif(wParam) == LBN_SELCHANGE) showRememberedUser(dialog);
-            if (GetWmCommandNotif(wParam) == LBN_DBLCLK) PostWmCommand(dialog, IDOK, BN_CLICKED);
-            return 1;
-        case IDOK:
-            accept(dialog, *state);
-            return 1;
-        case IDCANCEL:
-            EndDialog(dialog, IDCANCEL);
-            return 1;
-        default:
-            return 0;
-        }
-    default:
-        return 0;
-    }
+    static constexpr tabra::persistence::PickerDialog<DataSourceDialogState> picker{initialise, accept, kDataSourceList,
+                                                                                   showRememberedUser};
+    return tabra::persistence::answerPickerMessage(picker, dialog, message, wParam, lParam);
 }
 
 extern "C" int32_t Tabra_DataSourceDialog(DataSourceInfo *record) {

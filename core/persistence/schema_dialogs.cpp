@@ -1,5 +1,6 @@
 // Choosing a schema, alone or together with a data source and its login.
 #include "core/module/module_state.h"
+#include "core/persistence/picker_dialog.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
 #include "tabra_window.h"
@@ -37,44 +38,34 @@ void translate(HWND dialog) { LTS_TranslateDialog(dialog, tabra::module::kTransl
 
 } // namespace
 
+namespace {
+
+void initialiseSchemaDialog(HWND dialog, SchemaDialogState &state) {
+    translate(dialog);
+    HWND list = GetDlgItem(dialog, kSchemaList);
+    Tabra_FillSchemataBox(state.connection, list);
+    int32_t found = Ostrel_FindBoxEntry(list, state.schema, 0, 0);
+    if (found >= 0) Ostrel_SetBoxIndex(list, found);
+    SetDlgItemTextW(dialog, kSchemaField, state.schema);
+}
+
+void showChosenSchema(HWND dialog, SchemaDialogState &) {
+    char16_t chosen[kSchemaCapacity] = {};
+    if (Ostrel_GetBoxEntry(GetDlgItem(dialog, kSchemaList), -1, chosen, kSchemaCapacity) >= 0)
+        SetDlgItemTextW(dialog, kSchemaField, chosen);
+}
+
+void acceptSchema(HWND dialog, SchemaDialogState &state) {
+    GetDlgItemTextW(dialog, kSchemaField, state.schema, kSchemaCapacity);
+    EndDialog(dialog, IDOK);
+}
+
+} // namespace
+
 extern "C" INT_PTR SelectSchemaDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    auto *state = reinterpret_cast<SchemaDialogState *>(GetWindowLongPtrW(dialog, DWLP_USER));
-    switch (message) {
-    case WM_INITDIALOG: {
-        state = reinterpret_cast<SchemaDialogState *>(lParam);
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        translate(dialog);
-        HWND list = GetDlgItem(dialog, kSchemaList);
-        Tabra_FillSchemataBox(state->connection, list);
-        int32_t found = Ostrel_FindBoxEntry(list, state->schema, 0, 0);
-        if (found >= 0) Ostrel_SetBoxIndex(list, found);
-        SetDlgItemTextW(dialog, kSchemaField, state->schema);
-        return 1;
-    }
-    case WM_COMMAND:
-        if (state == nullptr) return 0;
-        switch (GetWmCommandId(wParam)) {
-        case kSchemaList: {
-            char16_t chosen[kSchemaCapacity] = {};
-            if (GetWmCommandNotif(wParam) == LBN_SELCHANGE &&
-                Ostrel_GetBoxEntry(GetDlgItem(dialog, kSchemaList), -1, chosen, kSchemaCapacity) >= 0)
-                SetDlgItemTextW(dialog, kSchemaField, chosen);
-            if (GetWmCommandNotif(wParam) == LBN_DBLCLK) PostWmCommand(dialog, IDOK, BN_CLICKED);
-            return 1;
-        }
-        case IDOK:
-            GetDlgItemTextW(dialog, kSchemaField, state->schema, kSchemaCapacity);
-            EndDialog(dialog, IDOK);
-            return 1;
-        case IDCANCEL:
-            EndDialog(dialog, IDCANCEL);
-            return 1;
-        default:
-            return 0;
-        }
-    default:
-        return 0;
-    }
+    static constexpr tabra::persistence::PickerDialog<SchemaDialogState> picker{initialiseSchemaDialog, acceptSchema,
+                                                                               kSchemaList, showChosenSchema};
+    return tabra::persistence::answerPickerMessage(picker, dialog, message, wParam, lParam);
 }
 
 extern "C" int32_t Tabra_SelectDbaseSchema(HWND owner, SQLHDBC connection, char16_t *schema) {
@@ -111,43 +102,43 @@ void reconnect(CombinedDialogState &state) {
 
 } // namespace
 
-extern "C" INT_PTR DsAndSchemaDialogCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    auto *state = reinterpret_cast<CombinedDialogState *>(GetWindowLongPtrW(dialog, DWLP_USER));
-    switch (message) {
-    case WM_INITDIALOG:
-        state = reinterpret_cast<CombinedDialogState *>(lParam);
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        translate(dialog);
-        reconnect(*state);
-        showCombinedState(dialog, *state);
-        return 1;
-    case WM_COMMAND:
-        if (state == nullptr) return 0;
-        switch (GetWmCommandId(wParam)) {
-        case kDataSourceButton:
-            if (Tabra_DataSourceDialog(&state->record) == 1) {
-                reconnect(*state);
-                showCombinedState(dialog, *state);
-            }
-            return 1;
-        case kSchemaButton:
-            GetDlgItemTextW(dialog, kCombinedSchemaField, state->schema, kSchemaCapacity);
-            if (Tabra_SelectDbaseSchema(dialog, state->connection, state->schema) == 1)
-                SetDlgItemTextW(dialog, kCombinedSchemaField, state->schema);
-            return 1;
-        case IDOK:
-            GetDlgItemTextW(dialog, kCombinedSchemaField, state->schema, kSchemaCapacity);
-            EndDialog(dialog, IDOK);
-            return 1;
-        case IDCANCEL:
-            EndDialog(dialog, IDCANCEL);
-            return 1;
-        default:
-            return 0;
+namespace {
+
+void initialiseCombinedDialog(HWND dialog, CombinedDialogState &state) {
+    translate(dialog);
+    reconnect(state);
+    showCombinedState(dialog, state);
+}
+
+void acceptCombined(HWND dialog, CombinedDialogState &state) {
+    GetDlgItemTextW(dialog, kCombinedSchemaField, state.schema, kSchemaCapacity);
+    EndDialog(dialog, IDOK);
+}
+
+// The buttons that open the data source dialog and the schema dialog over this one.
+bool combinedCommand(HWND dialog, CombinedDialogState &state, int32_t id) {
+    if (id == kDataSourceButton) {
+        if (Tabra_DataSourceDialog(&state.record) == 1) {
+            reconnect(state);
+            showCombinedState(dialog, state);
         }
-    default:
-        return 0;
+        return true;
     }
+    if (id == kSchemaButton) {
+        GetDlgItemTextW(dialog, kCombinedSchemaField, state.schema, kSchemaCapacity);
+        if (Tabra_SelectDbaseSchema(dialog, state.connection, state.schema) == 1)
+            SetDlgItemTextW(dialog, kCombinedSchemaField, state.schema);
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+extern "C" INT_PTR DsAndSchemaDialogCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
+    static constexpr tabra::persistence::PickerDialog<CombinedDialogState> picker{
+        initialiseCombinedDialog, acceptCombined, 0, nullptr, combinedCommand};
+    return tabra::persistence::answerPickerMessage(picker, dialog, message, wParam, lParam);
 }
 
 extern "C" int32_t Tabra_DataSourceAndSchemaDialog(HWND owner, DataSourceInfo *record, char16_t *schema,
