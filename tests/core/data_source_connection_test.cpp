@@ -1,6 +1,7 @@
 // Opening and closing connections from a data source record, the questions asked of
 // an open connection, and how the database is classified.
 #include "support/backend_test.h"
+#include "support/data_source_record.h"
 #include "support/test_text.h"
 #include "support/scripted_run.h"
 #include "tabra_connection.h"
@@ -9,14 +10,6 @@
 
 namespace tabra::test {
 namespace {
-
-DataSourceInfo recordOf(std::u16string_view name, std::u16string_view user = u"", std::u16string_view password = u"") {
-    DataSourceInfo record{};
-    name.copy(record.DataSourceName, 99);
-    user.copy(record.UserId, 49);
-    password.copy(record.Password, 49);
-    return record;
-}
 
 // A pair of connection handles that is always closed at the end of the test.
 struct HandlePair {
@@ -29,7 +22,7 @@ class DataSourceConnectionTest : public BackendTest {};
 
 TEST_P(DataSourceConnectionTest, ConnectsAnswersAndDisconnects) {
     const DataSource &source = dataSource();
-    DataSourceInfo record = recordOf(source.name, source.user, source.password);
+    DataSourceInfo record = dataSourceRecord(source.name, source.user, source.password);
     HandlePair pair;
     ScriptedRun run; // nothing may be shown
     ASSERT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), 0);
@@ -38,7 +31,7 @@ TEST_P(DataSourceConnectionTest, ConnectsAnswersAndDisconnects) {
 
     // A second connect on the open pair is a no-op that reports success.
     SQLHDBC before = pair.connection;
-    DataSourceInfo other = recordOf(u"NoSuchDataSource");
+    DataSourceInfo other = dataSourceRecord(u"NoSuchDataSource");
     EXPECT_EQ(Tabra_ConnectDataSource(&other, &pair.environment, &pair.connection), 0);
     EXPECT_EQ(pair.connection, before);
 
@@ -88,7 +81,7 @@ class DataSourceLoginTest : public BackendTest {};
 
 TEST_P(DataSourceLoginTest, AWrongPasswordShowsTheDiagnosticAndLeavesBothHandlesNull) {
     const DataSource &source = dataSource();
-    DataSourceInfo record = recordOf(source.name, source.user, u"not-the-password");
+    DataSourceInfo record = dataSourceRecord(source.name, source.user, u"not-the-password");
     HandlePair pair;
     ScriptedRun run;
     run.queue("dialog 10025: click 1");
@@ -110,7 +103,7 @@ class DataSourceConnectionTestDriverTest : public TestDriverTest {};
 TEST_F(DataSourceConnectionTestDriverTest, BadArgumentsAndAnEmptyName) {
     HandlePair pair;
     ScriptedRun run;
-    DataSourceInfo record = recordOf(u"");
+    DataSourceInfo record = dataSourceRecord(u"");
     EXPECT_EQ(Tabra_ConnectDataSource(nullptr, &pair.environment, &pair.connection), -1);
     EXPECT_EQ(Tabra_ConnectDataSource(&record, nullptr, &pair.connection), -1);
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, nullptr), -1);
@@ -126,7 +119,7 @@ TEST_F(DataSourceConnectionTestDriverTest, BadArgumentsAndAnEmptyName) {
 
 TEST_F(DataSourceConnectionTestDriverTest, AnUnknownDataSourceShowsTheDriverManagersDiagnostic) {
     HandlePair pair;
-    DataSourceInfo record = recordOf(u"NoSuchDataSourceAnywhere");
+    DataSourceInfo record = dataSourceRecord(u"NoSuchDataSourceAnywhere");
     ScriptedRun run;
     run.queue("dialog 10025: click 1");
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), -1);
@@ -139,13 +132,13 @@ TEST_F(DataSourceConnectionTestDriverTest, AnUnknownDataSourceShowsTheDriverMana
 TEST_F(DataSourceConnectionTestDriverTest, EmptyLoginFieldsReachTheDriverAsNull) {
     {
         HandlePair pair;
-        DataSourceInfo record = recordOf(dsn::TestDriver, u"", u"");
+        DataSourceInfo record = dataSourceRecord(dsn::TestDriver, u"", u"");
         ASSERT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), 0);
         EXPECT_EQ(testDriverLastLogin().userGiven, 0);
         EXPECT_EQ(testDriverLastLogin().passwordGiven, 0);
     }
     HandlePair pair;
-    DataSourceInfo record = recordOf(dsn::TestDriver, u"scott", u"");
+    DataSourceInfo record = dataSourceRecord(dsn::TestDriver, u"scott", u"");
     ASSERT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), 0);
     EXPECT_EQ(testDriverLastLogin().userGiven, 1);
     EXPECT_EQ(testDriverLastLogin().passwordGiven, 0);
@@ -153,7 +146,7 @@ TEST_F(DataSourceConnectionTestDriverTest, EmptyLoginFieldsReachTheDriverAsNull)
 
 TEST_F(DataSourceConnectionTestDriverTest, InformationalConnectIsSuccessWithoutAMessage) {
     HandlePair pair;
-    DataSourceInfo record = recordOf(dsn::ConnectInfo);
+    DataSourceInfo record = dataSourceRecord(dsn::ConnectInfo);
     ScriptedRun run;
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), 0);
     EXPECT_NE(pair.connection, nullptr);
@@ -164,7 +157,7 @@ TEST_F(DataSourceConnectionTestDriverTest, InformationalConnectIsSuccessWithoutA
 TEST_F(DataSourceConnectionTestDriverTest, EveryConnectionIsClosedOnEveryPath) {
     {
         HandlePair pair;
-        DataSourceInfo record = recordOf(dsn::TestDriver);
+        DataSourceInfo record = dataSourceRecord(dsn::TestDriver);
         ASSERT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), 0);
         EXPECT_EQ(testDriverConnectionCounts().open(), 1);
     }
@@ -172,7 +165,7 @@ TEST_F(DataSourceConnectionTestDriverTest, EveryConnectionIsClosedOnEveryPath) {
     // A login the driver refuses: the database's folder does not exist.
     std::u16string broken = addDataSource({{"Database", "/nonexistent/folder/db.sqlite"}});
     HandlePair pair;
-    DataSourceInfo record = recordOf(broken);
+    DataSourceInfo record = dataSourceRecord(broken);
     ScriptedRun run;
     run.queue("dialog 10025: click 1");
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), -1);

@@ -1,7 +1,8 @@
 // Data source records in the registry, the data source and schema lists, and the
 // three dialogs built on them, driven through the scripted driver.
-#include "platform/platform_test_support.h"
+#include "support/scoped_environment.h"
 #include "support/backend_test.h"
+#include "support/data_source_record.h"
 #include "support/scripted_run.h"
 #include "tabra_connection.h"
 #include "tabra_window.h"
@@ -16,14 +17,6 @@ namespace {
 
 constexpr char16_t kRoot[] = u"Software\\Ostrel Software\\Tabra";
 
-DataSourceInfo recordOf(std::u16string_view name, std::u16string_view user = u"", std::u16string_view password = u"") {
-    DataSourceInfo record{};
-    name.copy(record.DataSourceName, 99);
-    user.copy(record.UserId, 49);
-    password.copy(record.Password, 49);
-    return record;
-}
-
 std::string quoted(std::u16string_view text) { return "\"" + toUtf8(text) + "\""; }
 
 TEST(DataSourceRegistry, RecordsRoundTripWithDefaultsForMissingValues) {
@@ -35,13 +28,13 @@ TEST(DataSourceRegistry, RecordsRoundTripWithDefaultsForMissingValues) {
     EXPECT_EQ(std::u16string(empty.UserId), u"");
     EXPECT_EQ(std::u16string(empty.Password), u"");
 
-    DataSourceInfo defaults = recordOf(u"Fallback", u"guest", u"");
+    DataSourceInfo defaults = dataSourceRecord(u"Fallback", u"guest", u"");
     DataSourceInfo read{};
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &defaults, &read);
     EXPECT_EQ(std::u16string(read.DataSourceName), u"Fallback");
     EXPECT_EQ(std::u16string(read.UserId), u"guest");
 
-    DataSourceInfo written = recordOf(u"Lager Müller", u"jürgen", u"geheim \"1\"");
+    DataSourceInfo written = dataSourceRecord(u"Lager Müller", u"jürgen", u"geheim \"1\"");
     Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &written);
     Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr); // nothing happens
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &defaults, &read);
@@ -62,12 +55,12 @@ TEST(DataSourceRegistry, RecordsRoundTripWithDefaultsForMissingValues) {
 
 TEST(DataSourceRegistry, CurrentUserFirstThenLocalMachine) {
     ScopedRegistryRoot registry;
-    DataSourceInfo machine = recordOf(u"MachineSource", u"admin");
+    DataSourceInfo machine = dataSourceRecord(u"MachineSource", u"admin");
     Tabra_WriteDataSourceToRegistry(HKEY_LOCAL_MACHINE, kRoot, 0, u"Chooser", &machine);
     DataSourceInfo read{};
     Tabra_ReadDataSourceFromHKCUorHKLM(kRoot, u"Chooser", nullptr, &read);
     EXPECT_EQ(std::u16string(read.DataSourceName), u"MachineSource");
-    DataSourceInfo user = recordOf(u"UserSource", u"me");
+    DataSourceInfo user = dataSourceRecord(u"UserSource", u"me");
     Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Chooser", &user);
     Tabra_ReadDataSourceFromHKCUorHKLM(kRoot, u"Chooser", nullptr, &read);
     EXPECT_EQ(std::u16string(read.DataSourceName), u"UserSource");
@@ -99,7 +92,7 @@ protected:
 struct Snapshot {
     std::u16string selected, user, password;
     int count = 0;
-    bool schemaEnabled = true;
+    int schemaControlsEnabled = -1; // of the schema field and the schema button
 };
 
 void takeSnapshot(HWND dialog, void *context) {
@@ -116,7 +109,7 @@ void takeSnapshot(HWND dialog, void *context) {
 }
 
 TEST_F(DataSourceDialogTestDriverTest, ShowsTheRecordAndAcceptsAWorkingLogin) {
-    DataSourceInfo record = recordOf(dsn::TestDriver, u"alice", u"secret");
+    DataSourceInfo record = dataSourceRecord(dsn::TestDriver, u"alice", u"secret");
     record.Reserved[0] = 0x5A;
     Snapshot seen;
     ScriptedRun run;
@@ -146,7 +139,7 @@ TEST_F(DataSourceDialogTestDriverTest, AVanishedDataSourceSelectsTheFirstWithIts
     // Learn which source is listed first, and remember a user for it.
     Snapshot first;
     {
-        DataSourceInfo probe = recordOf(u"NoLongerThere");
+        DataSourceInfo probe = dataSourceRecord(u"NoLongerThere");
         ScriptedRun run;
         run.queueCallback(103, takeSnapshot, &first);
         run.queue("dialog 103: click 2");
@@ -155,7 +148,7 @@ TEST_F(DataSourceDialogTestDriverTest, AVanishedDataSourceSelectsTheFirstWithIts
     ASSERT_FALSE(first.selected.empty());
     Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"DataSourceDialog", first.selected.c_str(), u"carol");
 
-    DataSourceInfo record = recordOf(u"NoLongerThere", u"dave", u"pw");
+    DataSourceInfo record = dataSourceRecord(u"NoLongerThere", u"dave", u"pw");
     Snapshot seen;
     ScriptedRun run;
     run.queueCallback(103, takeSnapshot, &seen);
@@ -169,7 +162,7 @@ TEST_F(DataSourceDialogTestDriverTest, AVanishedDataSourceSelectsTheFirstWithIts
 
 TEST_F(DataSourceDialogTestDriverTest, AFailedLoginKeepsTheDialogOpenWithWhatWasTyped) {
     std::u16string broken = addDataSource({{"Database", "/nonexistent/folder/db.sqlite"}});
-    DataSourceInfo record = recordOf(broken);
+    DataSourceInfo record = dataSourceRecord(broken);
     ScriptedRun run;
     run.queue("dialog 103: set 1002 \"erin\"");
     run.queue("dialog 103: set 1003 \"typed\"");
@@ -187,7 +180,7 @@ TEST_F(DataSourceDialogTestDriverTest, AFailedLoginKeepsTheDialogOpenWithWhatWas
 }
 
 TEST_F(DataSourceDialogTestDriverTest, NoSelectionIsRefusedAndADoubleClickAccepts) {
-    DataSourceInfo record = recordOf(dsn::TestDriver);
+    DataSourceInfo record = dataSourceRecord(dsn::TestDriver);
     ScriptedRun run;
     run.queueCallback(103, [](HWND dialog, void *) { Ostrel_SetBoxIndex(GetDlgItem(dialog, 1004), -1); }, nullptr);
     run.queue("dialog 103: click 1");
@@ -199,50 +192,39 @@ TEST_F(DataSourceDialogTestDriverTest, NoSelectionIsRefusedAndADoubleClickAccept
     EXPECT_EQ(Tabra_DataSourceDialog(nullptr), 2);
 }
 
-TEST_F(DataSourceDialogTestDriverTest, CombinedDialogDisablesSchemasWhereTheDatabaseHasNone) {
-    DataSourceInfo record = recordOf(dsn::TestDriver);
+TEST_F(DataSourceDialogTestDriverTest, CombinedDialogEnablesSchemasOnlyWhereTheDatabaseHasThem) {
+    DataSourceInfo record = dataSourceRecord(dsn::TestDriver);
     char16_t schema[100] = u"ignored";
-    Snapshot seen;
+    // What the dialog showed at the start and after the data source changed.
+    Snapshot atStart, afterChange;
+    auto snapshot = [](HWND dialog, void *context) {
+        auto *s = static_cast<Snapshot *>(context);
+        s->schemaControlsEnabled = IsWindowEnabled(GetDlgItem(dialog, 2014)) + IsWindowEnabled(GetDlgItem(dialog, 1147));
+        char16_t text[100] = {};
+        GetDlgItemTextW(dialog, 1014, text, 100);
+        s->selected = text;
+    };
     ScriptedRun run;
-    run.queueCallback(
-        10060,
-        [](HWND dialog, void *context) {
-            auto *s = static_cast<Snapshot *>(context);
-            s->schemaEnabled = IsWindowEnabled(GetDlgItem(dialog, 2014)) && IsWindowEnabled(GetDlgItem(dialog, 1147));
-            char16_t text[100] = {};
-            GetDlgItemTextW(dialog, 1014, text, 100);
-            s->selected = text;
-        },
-        &seen);
+    run.queueCallback(10060, snapshot, &atStart);
     run.queue("dialog 10060: click 1145");
     run.queue("dialog 103: select 1004 " + quoted(dsn::Schemas));
     run.queue("dialog 103: click 1");
-    run.queue("dialog 10060: expect 1014 " + quoted(dsn::Schemas));
-    run.queueCallback(
-        10060, [](HWND dialog, void *context) { static_cast<Snapshot *>(context)->schemaEnabled = IsWindowEnabled(GetDlgItem(dialog, 2014)); },
-        &seen);
+    run.queueCallback(10060, snapshot, &afterChange);
     run.queue("dialog 10060: set 2014 \"main\"");
     run.queue("dialog 10060: click 1");
     EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 1);
     EXPECT_FALSE(run.failed());
-    EXPECT_EQ(seen.selected, dsn::TestDriver);
-    EXPECT_TRUE(seen.schemaEnabled); // the schema-using source enabled them
+    EXPECT_EQ(atStart.selected, dsn::TestDriver);
+    EXPECT_EQ(atStart.schemaControlsEnabled, 0);
+    EXPECT_EQ(afterChange.selected, dsn::Schemas);
+    EXPECT_EQ(afterChange.schemaControlsEnabled, 2);
     EXPECT_EQ(std::u16string(record.DataSourceName), dsn::Schemas);
     EXPECT_EQ(std::u16string(schema), u"main");
     EXPECT_EQ(testDriverConnectionCounts().open(), 0);
-}
 
-TEST_F(DataSourceDialogTestDriverTest, CombinedDialogStartsWithSchemaControlsOffWithoutSchemas) {
-    DataSourceInfo record = recordOf(dsn::TestDriver);
-    char16_t schema[100] = u"";
-    bool enabled = true;
-    ScriptedRun run;
-    run.queueCallback(
-        10060, [](HWND dialog, void *context) { *static_cast<bool *>(context) = IsWindowEnabled(GetDlgItem(dialog, 1147)); },
-        &enabled);
     run.queue("dialog 10060: click 2");
     EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 2);
-    EXPECT_FALSE(enabled);
+    EXPECT_EQ(std::u16string(schema), u"main") << "cancelled: the schema is untouched";
 }
 
 class SchemaListTest : public BackendTest {};

@@ -104,20 +104,17 @@ TEST_F(OdbcErrorDialogTestDriverTest, OptionValueChangedOffersItsExplanation) {
     EXPECT_TRUE(seen.buttonVisible);
     EXPECT_EQ(run.closedControlText(kErrorDialog, 2139), u"01S02");
     EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, 1606).size(), 1u);
-}
 
-TEST_F(OdbcErrorDialogTestDriverTest, TheExplanationButtonStaysHiddenForOtherStates) {
-    auto connection = connect(dsn::TestDriver);
-    OdbcStatement statement(connection);
-    failStatement(statement.handle(), u"SELECT FROM WHERE");
-    bool visible = true;
-    ScriptedRun run;
-    run.queueCallback(
-        kErrorDialog, [](HWND dialog, void *context) { *static_cast<bool *>(context) = IsWindowVisible(GetDlgItem(dialog, 1003)) != 0; },
-        &visible);
+    // Other states keep the button hidden.
+    auto plain = connect(dsn::TestDriver);
+    OdbcStatement failed(plain);
+    failStatement(failed.handle(), u"SELECT FROM WHERE");
+    run.queueCallback(kErrorDialog, [](HWND dialog, void *context) {
+        static_cast<Seen *>(context)->buttonVisible = IsWindowVisible(GetDlgItem(dialog, 1003)) != 0;
+    }, &seen);
     run.queue("dialog 10025: click 1");
-    Tabra_DisplayErrorHstmt(statement.handle(), nullptr);
-    EXPECT_FALSE(visible);
+    Tabra_DisplayErrorHstmt(failed.handle(), nullptr);
+    EXPECT_FALSE(seen.buttonVisible);
 }
 
 TEST_F(OdbcErrorDialogTestDriverTest, AHandleWithoutDiagnosticsShowsNothing) {
@@ -214,32 +211,23 @@ TEST_F(OdbcErrorDialogTestDriverTest, ErrorCodeCopiesTheStateWithinTheBuffer) {
     EXPECT_EQ(state[0], u'\0');
 }
 
-TEST(ShowMessage, FormatsInsertsAndCarriesTheMessageCode) {
+TEST(ShowMessage, FormatsInsertsAnswersTheButtonAndCarriesTheMessageCode) {
     ScriptedRun run;
-    run.queue("message 1607: answer ok");
-    run.queue("message 1615: answer ok");
+    for (const char *line : {"message 1607: answer ok", "message 1615: answer ok", "message 1702: answer no",
+                             "message 1608: answer ok"})
+        run.queue(line);
     EXPECT_EQ(ShowMessage(1607, nullptr, nullptr, nullptr), IDOK);
     EXPECT_EQ(ShowMessage(1615, u"/tmp/Müller.txt", nullptr, nullptr), IDOK);
-    auto first = run.records(TABRA_RECORD_MESSAGE, 1607);
-    auto second = run.records(TABRA_RECORD_MESSAGE, 1615);
-    ASSERT_EQ(first.size(), 1u);
-    ASSERT_EQ(second.size(), 1u);
-    EXPECT_EQ(first[0].code, 0x8004A02Eu);
-    EXPECT_EQ(second[0].code, 0x8004A01Fu);
-    EXPECT_NE(second[0].text.find(u"/tmp/Müller.txt"), std::u16string::npos) << toUtf8(second[0].text);
-    EXPECT_FALSE(first[0].caption.empty());
-}
-
-TEST(ShowMessage, QuestionsAnswerWithTheButtonPressedAndOtherIdsGetTheDefaultCode) {
-    ScriptedRun run;
-    run.queue("message 1702: answer no");
-    run.queue("message 1608: answer ok");
     EXPECT_EQ(ShowMessage(1702, u"Orders", nullptr, nullptr), IDNO);
     EXPECT_EQ(ShowMessage(1608, nullptr, nullptr, nullptr), IDOK);
-    auto question = run.records(TABRA_RECORD_MESSAGE, 1702);
-    ASSERT_EQ(question.size(), 1u);
-    EXPECT_EQ(question[0].style & MB_TYPEMASK, static_cast<uint32_t>(MB_YESNO));
-    EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, 1608).at(0).code, 0x8004A000u);
+    auto shown = run.records(TABRA_RECORD_MESSAGE);
+    ASSERT_EQ(shown.size(), 4u);
+    EXPECT_EQ(shown[0].code, 0x8004A02Eu);
+    EXPECT_FALSE(shown[0].caption.empty());
+    EXPECT_EQ(shown[1].code, 0x8004A01Fu);
+    EXPECT_NE(shown[1].text.find(u"/tmp/Müller.txt"), std::u16string::npos) << toUtf8(shown[1].text);
+    EXPECT_EQ(shown[2].style & MB_TYPEMASK, static_cast<uint32_t>(MB_YESNO));
+    EXPECT_EQ(shown[3].code, 0x8004A000u) << "other ids get the default code";
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
@@ -75,6 +76,9 @@ TEST(LineEncoding, EveryTextDecodesBackThroughTheExportedPair) {
             ASSERT_FALSE(hasUnpairedSurrogate(encoded));
             if (mode == OSTREL_ENCODE_QUOTE_SAFE) {
                 ASSERT_EQ(encoded.find_first_of(u"\"'"), std::u16string::npos);
+            } else { // no surrogate at all: the text stays within the Basic Multilingual Plane
+                ASSERT_TRUE(std::none_of(encoded.begin(), encoded.end(),
+                                         [](char16_t c) { return c >= 0xD800 && c <= 0xDFFF; }));
             }
             ASSERT_EQ(Ostrel_DecodeString(buffer.data()), static_cast<int32_t>(terminated.size()));
             ASSERT_EQ(std::u16string(buffer.c_str()), terminated);
@@ -101,7 +105,8 @@ TEST(LineEncoding, WritesTheDocumentedEscapes) {
     const char16_t loneHigh[] = {u'a', 0xD83D, 0};
     EXPECT_EQ(encodeOnOneLine(loneHigh, LineEncoding::General), u"a\\uD83D");
     EXPECT_EQ(encodeOnOneLine(u"\u2028", LineEncoding::General), u"\\u2028");
-    EXPECT_EQ(encodeOnOneLine(u"Grüße \U0001F600", LineEncoding::General), u"Grüße \U0001F600");
+    EXPECT_EQ(encodeOnOneLine(u"Grüße \U0001F600", LineEncoding::General), u"Grüße \\uD83D\\uDE00");
+    EXPECT_EQ(encodeOnOneLine(u"Grüße \U0001F600", LineEncoding::QuoteSafe), u"Grüße \U0001F600");
 }
 
 TEST(LineEncoding, CapacityExactFitAndOneShort) {

@@ -4,7 +4,7 @@
 #include "ostrel_registry.h"
 #include "platform/registry/registry_file_format.h"
 #include "platform/registry/registry_location.h"
-#include "tests/platform/platform_test_support.h"
+#include "support/scoped_environment.h"
 
 #include <gtest/gtest.h>
 
@@ -224,6 +224,12 @@ TEST_F(Registry, AnUnwritableStoreFailsTheWriteButNotTheRead) {
     EXPECT_EQ(readString(HKEY_CURRENT_USER, kRoot, nullptr, u"A"), u"<default>");
 }
 
+// The name process p gives its value v in the concurrency test.
+std::u16string loadValueName(int p, int v) {
+    return u"P" + std::u16string(1, char16_t(u'A' + p)) + u"V" + std::u16string(1, char16_t(u'0' + v / 10)) +
+           std::u16string(1, char16_t(u'0' + v % 10));
+}
+
 TEST_F(Registry, ConcurrentWriterProcessesLoseNothing) {
     constexpr int kProcesses = 8;
     constexpr int kValuesEach = 50;
@@ -234,9 +240,7 @@ TEST_F(Registry, ConcurrentWriterProcessesLoseNothing) {
         if (pid == 0) {
             int failures = 0;
             for (int v = 0; v < kValuesEach; ++v) {
-                const std::u16string name = u"P" + std::u16string(1, char16_t(u'A' + p)) + u"V" +
-                                            std::u16string(1, char16_t(u'0' + v / 10)) +
-                                            std::u16string(1, char16_t(u'0' + v % 10));
+                const std::u16string name = loadValueName(p, v);
                 if (v % 2 == 0)
                     failures += Ostrel_WriteLongToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Load", name.c_str(),
                                                            p * 1000 + v) != 1;
@@ -255,9 +259,7 @@ TEST_F(Registry, ConcurrentWriterProcessesLoseNothing) {
     }
     for (int p = 0; p < kProcesses; ++p) {
         for (int v = 0; v < kValuesEach; ++v) {
-            const std::u16string name = u"P" + std::u16string(1, char16_t(u'A' + p)) + u"V" +
-                                        std::u16string(1, char16_t(u'0' + v / 10)) +
-                                        std::u16string(1, char16_t(u'0' + v % 10));
+            const std::u16string name = loadValueName(p, v);
             if (v % 2 == 0)
                 EXPECT_EQ(Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Load", name.c_str(), -1),
                           p * 1000 + v);

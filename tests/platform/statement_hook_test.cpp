@@ -1,7 +1,7 @@
 // The statement hook and the diagnostic switch.
 #include "ostrel_hook.h"
 #include "ostrel_registry.h"
-#include "tests/platform/platform_test_support.h"
+#include "support/scoped_environment.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Where the user's date format comes from: locale date patterns, the override and
 // real installed locales.
 #include "platform/dates/user_date_format.h"
-#include "tests/platform/platform_test_support.h"
+#include "support/scoped_environment.h"
 
 #include <gtest/gtest.h>
 
@@ -47,28 +47,22 @@ TEST(UserDateFormat, PortableLocalesUseTheIsoOrder) {
     EXPECT_FALSE(dateFormatOfLocale("xx_NOWHERE.UTF-8").has_value());
 }
 
-TEST(UserDateFormat, TheOverrideWinsOverTheLocale) {
-    ScopedEnvironmentVariable locale("LC_ALL", "C.UTF-8");
-    {
-        ScopedEnvironmentVariable order("TABRA_DATE_ORDER", "dmy");
-        expectFormat(currentUserDateFormat(), DateOrder::DayMonthYear, u'.');
+TEST(UserDateFormat, TheOverrideWinsOverTheLocaleAndAMissingLocaleIsIso) {
+    struct Case {
+        const char *order, *locale;
+        DateOrder expected;
+        char16_t separator;
+    };
+    const Case cases[] = {
+        {"dmy", "C.UTF-8", DateOrder::DayMonthYear, u'.'},      {"MDY", "C.UTF-8", DateOrder::MonthDayYear, u'/'},
+        {"sideways", "C.UTF-8", DateOrder::YearMonthDay, u'-'}, {nullptr, "C.UTF-8", DateOrder::YearMonthDay, u'-'},
+        {nullptr, "xx_NOWHERE.UTF-8", DateOrder::YearMonthDay, u'-'},
+    };
+    for (const Case &c : cases) {
+        ScopedEnvironmentVariable locale("LC_ALL", c.locale);
+        ScopedEnvironmentVariable order("TABRA_DATE_ORDER", c.order);
+        expectFormat(currentUserDateFormat(), c.expected, c.separator);
     }
-    {
-        ScopedEnvironmentVariable order("TABRA_DATE_ORDER", "MDY");
-        expectFormat(currentUserDateFormat(), DateOrder::MonthDayYear, u'/');
-    }
-    {
-        ScopedEnvironmentVariable order("TABRA_DATE_ORDER", "sideways");
-        expectFormat(currentUserDateFormat(), DateOrder::YearMonthDay, u'-');
-    }
-    ScopedEnvironmentVariable unset("TABRA_DATE_ORDER", nullptr);
-    expectFormat(currentUserDateFormat(), DateOrder::YearMonthDay, u'-');
-}
-
-TEST(UserDateFormat, AMissingLocaleFallsBackToIso) {
-    ScopedEnvironmentVariable order("TABRA_DATE_ORDER", nullptr);
-    ScopedEnvironmentVariable locale("LC_ALL", "xx_NOWHERE.UTF-8");
-    expectFormat(currentUserDateFormat(), DateOrder::YearMonthDay, u'-');
 }
 
 // Runs against the real locale data when the locales are installed (locale-gen

@@ -1,5 +1,6 @@
-// Helpers for the platform tests: environment variables and directories that are
-// restored or removed when a test ends.
+// Scoped pieces of a test's surroundings, restored or removed when the test ends:
+// environment variables, temporary directories with files in them, and a private
+// registry root. (Header only.)
 #pragma once
 
 #include <cstdlib>
@@ -9,24 +10,21 @@
 #include <sstream>
 #include <string>
 
+#include <unistd.h>
+
 namespace tabra::test {
 
 // Sets (or with a null value unsets) an environment variable for one scope.
 class ScopedEnvironmentVariable {
 public:
     ScopedEnvironmentVariable(const char *name, const char *value) : name_(name) {
-        if (const char *old = std::getenv(name))
-            previous_ = old;
-        if (value)
-            setenv(name, value, 1);
-        else
-            unsetenv(name);
+        if (const char *old = std::getenv(name)) previous_ = old;
+        if (value) setenv(name, value, 1);
+        else unsetenv(name);
     }
     ~ScopedEnvironmentVariable() {
-        if (previous_)
-            setenv(name_.c_str(), previous_->c_str(), 1);
-        else
-            unsetenv(name_.c_str());
+        if (previous_) setenv(name_.c_str(), previous_->c_str(), 1);
+        else unsetenv(name_.c_str());
     }
     ScopedEnvironmentVariable(const ScopedEnvironmentVariable &) = delete;
     ScopedEnvironmentVariable &operator=(const ScopedEnvironmentVariable &) = delete;
@@ -36,23 +34,40 @@ private:
     std::optional<std::string> previous_;
 };
 
+inline std::string readWholeFile(const std::filesystem::path &file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+inline void writeWholeFile(const std::filesystem::path &file, const std::string &text) {
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << text;
+}
+
 // A fresh directory below the system's temporary directory, removed with its contents.
 class TemporaryDirectory {
 public:
     TemporaryDirectory() {
         std::string pattern = (std::filesystem::temp_directory_path() / "tabra-test-XXXXXX").string();
-        if (mkdtemp(pattern.data()))
-            path_ = pattern;
+        if (mkdtemp(pattern.data())) path_ = pattern;
     }
     ~TemporaryDirectory() {
         std::error_code ignored;
-        if (!path_.empty())
-            std::filesystem::remove_all(path_, ignored);
+        if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
     }
     TemporaryDirectory(const TemporaryDirectory &) = delete;
     TemporaryDirectory &operator=(const TemporaryDirectory &) = delete;
 
     const std::filesystem::path &path() const { return path_; }
+    // The path with a trailing "/", as the resource loader takes directories.
+    std::string directory() const { return path_.string() + "/"; }
+    // Writes a file at a path relative to the directory, creating its folders.
+    std::filesystem::path write(const std::string &relativePath, const std::string &content) const {
+        writeWholeFile(path_ / relativePath, content);
+        return path_ / relativePath;
+    }
 
 private:
     std::filesystem::path path_;
@@ -69,17 +84,5 @@ private:
     TemporaryDirectory directory_;
     ScopedEnvironmentVariable variable_;
 };
-
-inline std::string readWholeFile(const std::filesystem::path &file) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-inline void writeWholeFile(const std::filesystem::path &file, const std::string &text) {
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    out << text;
-}
 
 } // namespace tabra::test
