@@ -7,6 +7,7 @@
 #include "platform/resources/resource_script_parser.h"
 #include "platform/resources/translation_table.h"
 #include "resource_test_support.h"
+#include "support/scripted_run.h"
 #include "tabra_connection.h"
 #include "tabra_script.h"
 #include "tabra_window.h"
@@ -28,27 +29,14 @@ constexpr const char *kScript = R"(
     END
 )";
 
-// The scripted driver for one test.
-struct ScriptedRun {
-    ScriptedRun() { TabraScript_Begin(); }
-    ~ScriptedRun() { TabraScript_End(); }
-};
+using tabra::test::ScriptedRun;
 
-class LibraryFromScript {
-public:
-    explicit LibraryFromScript(const char *script) {
-        auto parsed = tabra::platform::parseResourceScript(script, "test.rc");
-        EXPECT_TRUE(parsed.tables) << parsed.error;
-        auto module = std::make_unique<tabra::platform::ResourceModule>();
-        if (parsed.tables) module->tables = std::move(*parsed.tables);
-        handle_ = tabra::platform::adoptResourceModule(std::move(module));
-    }
-    ~LibraryFromScript() { Ostrel_FreeResourceLibrary(handle_); }
-    HMODULE handle() const { return handle_; }
-
-private:
-    HMODULE handle_;
-};
+// A resource library parsed from a script.
+tabra::platform::ResourceTables parsed(const char *script) {
+    auto result = tabra::platform::parseResourceScript(script, "test.rc");
+    EXPECT_TRUE(result.tables) << result.error;
+    return result.tables.value_or(tabra::platform::ResourceTables{});
+}
 
 // What the dialog showed right after it was translated at WM_INITDIALOG.
 struct TranslatedDialog {
@@ -88,8 +76,8 @@ INT_PTR closeAtOnce(HWND dialog, uint32_t message, WPARAM, LPARAM) {
 
 TEST(DialogTranslation, CaptionAndChildTextsAreReplacedFromTheTable) {
     ScriptedRun run;
-    LibraryFromScript library(kScript);
-    tabra::test::TemporaryTree tree;
+    tabra::test::ScopedResourceLibrary library(parsed(kScript));
+    tabra::test::TemporaryDirectory tree;
     tree.write("LTSTEST.lts", "\"Select Data Source\" = \"Datenquelle wählen\"\n"
                               "\"&Name:\" = \"&Bezeichnung:\"\n"
                               "\"Cancel\" = \"Abbrechen\"\n");
@@ -112,7 +100,7 @@ TEST(DialogTranslation, CaptionAndChildTextsAreReplacedFromTheTable) {
 
 TEST(DialogTranslation, WithoutATableNothingChanges) {
     ScriptedRun run;
-    LibraryFromScript library(kScript);
+    tabra::test::ScopedResourceLibrary library(parsed(kScript));
     TranslatedDialog seen;
     seen.moduleName = u"NOTABLE";
     EXPECT_EQ(DialogBoxParamW(library.handle(), 500, nullptr, translateAndClose, reinterpret_cast<LPARAM>(&seen)), IDOK);
@@ -143,10 +131,10 @@ TEST(ShippedDialogs, EveryTemplateOpensInTheDialogEngine) {
 
 TEST(MissingResourceLibrary, TheUserIsToldThePathInTheEnglishFolderAndTheLibraryLoads) {
     ScriptedRun run;
-    TabraScript_QueueUtf8("message: answer ok");
-    tabra::test::TemporaryTree empty;
+    run.queue("message: answer ok");
+    tabra::test::TemporaryDirectory empty;
     {
-        tabra::test::ScopedVariable directory("TABRA_RESOURCE_DIR", empty.root().c_str());
+        tabra::test::ScopedEnvironmentVariable directory("TABRA_RESOURCE_DIR", empty.path().c_str());
         tabra::module::moduleEntryPoint(tabra::module::ProcessDetach);
         ::testing::internal::CaptureStderr();
         EXPECT_EQ(tabra::module::moduleEntryPoint(tabra::module::ProcessAttach), 1);
@@ -156,15 +144,11 @@ TEST(MissingResourceLibrary, TheUserIsToldThePathInTheEnglishFolderAndTheLibrary
         EXPECT_EQ(tabra::module::resourceLibrary(), nullptr);
         EXPECT_NE(Tabra_GetInstance(), nullptr);
     }
-    int32_t index = TabraScript_FindRecord(TABRA_RECORD_MESSAGE, -1, 0);
-    ASSERT_GE(index, 0);
-    TabraScriptRecord record{};
-    ASSERT_EQ(TabraScript_GetRecord(index, &record), 1);
-    std::string expected = empty.directory() + "en/tabraRes.rc";
-    EXPECT_EQ(std::u16string(record.text), std::u16string(expected.begin(), expected.end()));
-    EXPECT_EQ(std::u16string(record.caption), u"Fatal Error: File not found");
-    EXPECT_EQ(record.style & (MB_ICONMASK | MB_TYPEMASK), MB_ICONERROR | MB_OK);
-    EXPECT_EQ(TabraScript_FindRecord(TABRA_RECORD_MESSAGE, -1, index + 1), -1) << "told once";
+    auto messages = run.records(TABRA_RECORD_MESSAGE);
+    ASSERT_EQ(messages.size(), 1u) << "told once";
+    EXPECT_EQ(messages[0].text, tabra::test::toUtf16(empty.directory() + "en/tabraRes.rc"));
+    EXPECT_EQ(messages[0].caption, u"Fatal Error: File not found");
+    EXPECT_EQ(messages[0].style & (MB_ICONMASK | MB_TYPEMASK), MB_ICONERROR | MB_OK);
     EXPECT_FALSE(TabraScript_Failed());
 
     tabra::module::moduleEntryPoint(tabra::module::ProcessDetach);

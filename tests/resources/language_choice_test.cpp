@@ -18,7 +18,7 @@ using tabra::platform::LanguageNames;
 using tabra::platform::loadResourceLibraryFrom;
 using tabra::platform::ResourceLibraryLoad;
 using tabra::test::scriptWithString;
-using tabra::test::TemporaryTree;
+using tabra::test::TemporaryDirectory;
 
 namespace {
 
@@ -26,12 +26,6 @@ LanguageEnvironment zul(const char *value) { return {value, std::nullopt, std::n
 LanguageEnvironment posix(std::optional<std::string> lcAll, std::optional<std::string> lcMessages,
                           std::optional<std::string> lang) {
     return {std::nullopt, std::move(lcAll), std::move(lcMessages), std::move(lang)};
-}
-
-void expectNames(const LanguageEnvironment &environment, const std::string &localeName, const std::string &shortName) {
-    LanguageNames names = chooseLanguageNames(environment);
-    EXPECT_EQ(names.localeName, localeName);
-    EXPECT_EQ(names.shortName, shortName);
 }
 
 // The text of string 1 in a loaded library (which folder it came from).
@@ -47,7 +41,7 @@ struct RecordedLoad {
     std::vector<std::string> reports;
 };
 
-RecordedLoad loadFrom(const TemporaryTree &tree, const LanguageNames &names) {
+RecordedLoad loadFrom(const TemporaryDirectory &tree, const LanguageNames &names) {
     RecordedLoad recorded;
     recorded.load = loadResourceLibraryFrom(tree.directory(), names, "tabraRes.rc",
                                             [&](const std::string &path) { recorded.reports.push_back(path); });
@@ -63,53 +57,48 @@ struct LoadedLibrary {
 
 } // namespace
 
-TEST(LanguageChoice, ZulLanguageNamesTheFolderAndItsLanguage) {
-    expectNames(zul("de"), "de", "de");
-    expectNames(zul("fr-FR"), "fr-FR", "fr");
-    expectNames(zul("DE-at"), "DE-at", "de"); // the value stands as it is; the language is canonical
-    expectNames(zul("pt_BR"), "pt_BR", "pt");
-    expectNames(zul("zh-Hant-TW"), "zh-Hant-TW", "zh");
-}
-
-TEST(LanguageChoice, UnknownZulLanguageGoesStraightToEnglishWithAnEmptyShortName) {
-    expectNames(zul("xx-YY"), "en", "");
-    expectNames(zul("klingon"), "en", "");
-    expectNames(zul("de--DE"), "en", "");
-    expectNames(zul("de-DE.UTF-8"), "en", "");
-    expectNames(zul("de-verylongsubtag"), "en", ""); // a subtag of more than 8 characters
-    // 19 characters fit the name buffers, 20 do not.
-    expectNames(zul("de-DE-abcd-efgh-ijk"), "de-DE-abcd-efgh-ijk", "de");
-    expectNames(zul("de-DE-abcd-efgh-ijkl"), "en", "");
-}
-
-TEST(LanguageChoice, ZulLanguageWinsOverTheLocaleUnlessEmpty) {
-    expectNames({"fr", "de_DE.UTF-8", std::nullopt, std::nullopt}, "fr", "fr");
-    expectNames({"", "de_DE.UTF-8", std::nullopt, std::nullopt}, "de-DE", "de");
-}
-
-TEST(LanguageChoice, PosixLocaleGivesCanonicalLocaleNameAndLanguage) {
-    expectNames(posix(std::nullopt, std::nullopt, "de_DE.UTF-8"), "de-DE", "de");
-    expectNames(posix(std::nullopt, std::nullopt, "de_at.ISO-8859-1@euro"), "de-AT", "de");
-    expectNames(posix(std::nullopt, std::nullopt, "fr"), "fr", "fr");
-    expectNames(posix(std::nullopt, std::nullopt, "sr_RS@latin"), "sr-RS", "sr");
-}
-
-TEST(LanguageChoice, PosixPrecedenceIsLcAllThenLcMessagesThenLang) {
-    expectNames(posix("it_IT.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"), "it-IT", "it");
-    expectNames(posix(std::nullopt, "de_DE.UTF-8", "fr_FR.UTF-8"), "de-DE", "de");
-    expectNames(posix("", "", "fr_FR.UTF-8"), "fr-FR", "fr"); // empty values do not count
-}
-
-TEST(LanguageChoice, CAndPosixAndNoLocaleAtAllAreEnglish) {
-    expectNames(posix(std::nullopt, std::nullopt, std::nullopt), "en", "en");
-    expectNames(posix("C", std::nullopt, "de_DE.UTF-8"), "en", "en");
-    expectNames(posix("C.UTF-8", std::nullopt, std::nullopt), "en", "en");
-    expectNames(posix("POSIX", std::nullopt, std::nullopt), "en", "en");
-}
-
-TEST(LanguageChoice, UnknownPosixLanguageTriesEnglishThenTheDirectory) {
-    expectNames(posix(std::nullopt, std::nullopt, "xx_YY.UTF-8"), "en", "");
-    expectNames(posix(std::nullopt, std::nullopt, "de_DE_"), "en", "");
+TEST(LanguageChoice, NamesFromZulLanguageOrThePosixLocale) {
+    struct Case {
+        LanguageEnvironment environment;
+        const char *localeName, *shortName;
+    };
+    const Case cases[] = {
+        // ZUL_LANGUAGE names the folder as it stands; the language is canonical.
+        {zul("de"), "de", "de"},
+        {zul("DE-at"), "DE-at", "de"},
+        {zul("pt_BR"), "pt_BR", "pt"},
+        {zul("zh-Hant-TW"), "zh-Hant-TW", "zh"},
+        // An unknown value goes straight to English with an empty short name.
+        {zul("xx-YY"), "en", ""},
+        {zul("de--DE"), "en", ""},
+        {zul("de-DE.UTF-8"), "en", ""},
+        {zul("de-verylongsubtag"), "en", ""}, // a subtag of more than 8 characters
+        {zul("de-DE-abcd-efgh-ijk"), "de-DE-abcd-efgh-ijk", "de"}, // 19 characters fit the name buffers
+        {zul("de-DE-abcd-efgh-ijkl"), "en", ""},                   // 20 do not
+        // ZUL_LANGUAGE wins over the locale unless empty.
+        {{"fr", "de_DE.UTF-8", std::nullopt, std::nullopt}, "fr", "fr"},
+        {{"", "de_DE.UTF-8", std::nullopt, std::nullopt}, "de-DE", "de"},
+        // The POSIX locale: LC_ALL, then LC_MESSAGES, then LANG; empty values do not count.
+        {posix(std::nullopt, std::nullopt, "de_at.ISO-8859-1@euro"), "de-AT", "de"},
+        {posix(std::nullopt, std::nullopt, "fr"), "fr", "fr"},
+        {posix(std::nullopt, std::nullopt, "sr_RS@latin"), "sr-RS", "sr"},
+        {posix("it_IT.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"), "it-IT", "it"},
+        {posix(std::nullopt, "de_DE.UTF-8", "fr_FR.UTF-8"), "de-DE", "de"},
+        {posix("", "", "fr_FR.UTF-8"), "fr-FR", "fr"},
+        // C, POSIX and no locale at all are English; an unknown language tries English
+        // and then the directory itself.
+        {posix(std::nullopt, std::nullopt, std::nullopt), "en", "en"},
+        {posix("C", std::nullopt, "de_DE.UTF-8"), "en", "en"},
+        {posix("C.UTF-8", std::nullopt, std::nullopt), "en", "en"},
+        {posix("POSIX", std::nullopt, std::nullopt), "en", "en"},
+        {posix(std::nullopt, std::nullopt, "xx_YY.UTF-8"), "en", ""},
+        {posix(std::nullopt, std::nullopt, "de_DE_"), "en", ""},
+    };
+    for (const Case &c : cases) {
+        LanguageNames names = chooseLanguageNames(c.environment);
+        EXPECT_EQ(names.localeName, c.localeName) << c.localeName << "/" << c.shortName;
+        EXPECT_EQ(names.shortName, c.shortName) << c.localeName;
+    }
 }
 
 TEST(LocaleNames, OnlyIso639LanguagesAreKnown) {
@@ -145,59 +134,34 @@ TEST(ResourceLibraryCandidates, DirectoryOfTheModuleKeepsItsSlash) {
     EXPECT_EQ(tabra::platform::directoryOfModulePath("libtabra.so"), "libtabra.so");
 }
 
-TEST(ResourceLibraryLoader, ZulLanguageDeWithDeAndEnLoadsDe) {
-    TemporaryTree tree;
-    tree.write("de/tabraRes.rc", scriptWithString(1, "de"));
-    tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
-    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("de")));
-    LoadedLibrary library(recorded.load.module);
-    ASSERT_NE(recorded.load.module, nullptr);
-    EXPECT_EQ(marker(recorded.load.module), u"de");
-    EXPECT_EQ(recorded.load.path, tree.directory() + "de/tabraRes.rc");
-    EXPECT_TRUE(recorded.reports.empty());
-}
-
-TEST(ResourceLibraryLoader, ZulLanguageFrFrWithOnlyFrLoadsTheShortName) {
-    TemporaryTree tree;
-    tree.write("fr/tabraRes.rc", scriptWithString(1, "fr"));
-    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("fr-FR")));
-    LoadedLibrary library(recorded.load.module);
-    EXPECT_EQ(marker(recorded.load.module), u"fr");
-}
-
-TEST(ResourceLibraryLoader, LocaleFolderComesBeforeTheLanguageFolder) {
-    TemporaryTree tree;
-    tree.write("fr/tabraRes.rc", scriptWithString(1, "fr"));
-    tree.write("fr-CA/tabraRes.rc", scriptWithString(1, "fr-CA"));
-    tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
-    RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(posix(std::nullopt, std::nullopt, "fr_CA.UTF-8")));
-    LoadedLibrary library(recorded.load.module);
-    EXPECT_EQ(marker(recorded.load.module), u"fr-CA");
-}
-
-TEST(ResourceLibraryLoader, UnknownNameTriesEnglishThenTheDirectoryItself) {
-    LanguageNames unknown = chooseLanguageNames(zul("xx-YY"));
-    {
-        TemporaryTree tree;
-        tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
-        tree.write("tabraRes.rc", scriptWithString(1, "directory"));
-        RecordedLoad recorded = loadFrom(tree, unknown);
+TEST(ResourceLibraryLoader, TakesTheFirstFolderThatHoldsTheFile) {
+    struct Case {
+        LanguageEnvironment environment;
+        std::vector<std::string> folders; // each holds a library whose string 1 is its name
+        const char *loaded;
+    };
+    const Case cases[] = {
+        {zul("de"), {"de", "en"}, "de"},
+        {zul("fr-FR"), {"fr"}, "fr"}, // the short name after the locale name
+        {posix(std::nullopt, std::nullopt, "fr_CA.UTF-8"), {"fr", "fr-CA", "en"}, "fr-CA"},
+        {zul("xx-YY"), {"en", ""}, "en"}, // unknown: English, then the directory itself
+        {zul("xx-YY"), {"", "de"}, ""},
+    };
+    for (const Case &c : cases) {
+        TemporaryDirectory tree;
+        for (const auto &folder : c.folders)
+            tree.write(folder.empty() ? "tabraRes.rc" : folder + "/tabraRes.rc", scriptWithString(1, folder.empty() ? "directory" : folder));
+        RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(c.environment));
         LoadedLibrary library(recorded.load.module);
-        EXPECT_EQ(marker(recorded.load.module), u"en");
-    }
-    {
-        TemporaryTree tree;
-        tree.write("tabraRes.rc", scriptWithString(1, "directory"));
-        tree.write("de/tabraRes.rc", scriptWithString(1, "de"));
-        RecordedLoad recorded = loadFrom(tree, unknown);
-        LoadedLibrary library(recorded.load.module);
-        EXPECT_EQ(marker(recorded.load.module), u"directory");
-        EXPECT_EQ(recorded.load.path, tree.directory() + "/tabraRes.rc");
+        std::string expected = *c.loaded ? c.loaded : "directory";
+        EXPECT_EQ(marker(recorded.load.module), std::u16string(expected.begin(), expected.end()));
+        EXPECT_EQ(recorded.load.path, tree.directory() + (*c.loaded ? expected + "/" : std::string("/")) + "tabraRes.rc");
+        EXPECT_TRUE(recorded.reports.empty());
     }
 }
 
 TEST(ResourceLibraryLoader, NothingThereReportsTheEnglishPathOnceAndGivesNoLibrary) {
-    TemporaryTree tree;
+    TemporaryDirectory tree;
     tree.write("de/other.rc", scriptWithString(1, "de"));
     RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("de")));
     EXPECT_EQ(recorded.load.module, nullptr);
@@ -207,7 +171,7 @@ TEST(ResourceLibraryLoader, NothingThereReportsTheEnglishPathOnceAndGivesNoLibra
 }
 
 TEST(ResourceLibraryLoader, AFaultyFileIsNotPassedOverForTheNextFolder) {
-    TemporaryTree tree;
+    TemporaryDirectory tree;
     tree.write("de/tabraRes.rc", "STRINGTABLE\nBEGIN\n  1, \"x\", MB_MAYBE\nEND\n");
     tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
     RecordedLoad recorded = loadFrom(tree, chooseLanguageNames(zul("de")));
@@ -217,20 +181,20 @@ TEST(ResourceLibraryLoader, AFaultyFileIsNotPassedOverForTheNextFolder) {
 }
 
 TEST(ResourceLibraryLoader, ProcessLoaderReadsTheEnvironmentAndTheDirectoryOverride) {
-    TemporaryTree tree;
+    TemporaryDirectory tree;
     tree.write("de/tabraRes.rc", scriptWithString(1, "de"));
     tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
-    tabra::test::ScopedVariable directory("TABRA_RESOURCE_DIR", tree.root().c_str()); // no trailing slash
+    tabra::test::ScopedEnvironmentVariable directory("TABRA_RESOURCE_DIR", tree.path().c_str()); // no trailing slash
     {
-        tabra::test::ScopedVariable language("ZUL_LANGUAGE", "de");
+        tabra::test::ScopedEnvironmentVariable language("ZUL_LANGUAGE", "de");
         ResourceLibraryLoad load =
             tabra::platform::loadResourceLibrary("tabraRes.rc", tabra::platform::ownLibraryImage());
         LoadedLibrary library(load.module);
         EXPECT_EQ(marker(load.module), u"de");
     }
     {
-        tabra::test::ScopedVariable language("ZUL_LANGUAGE", nullptr);
-        tabra::test::ScopedVariable all("LC_ALL", "C.UTF-8");
+        tabra::test::ScopedEnvironmentVariable language("ZUL_LANGUAGE", nullptr);
+        tabra::test::ScopedEnvironmentVariable all("LC_ALL", "C.UTF-8");
         ResourceLibraryLoad load =
             tabra::platform::loadResourceLibrary("tabraRes.rc", tabra::platform::ownLibraryImage());
         LoadedLibrary library(load.module);
@@ -239,7 +203,7 @@ TEST(ResourceLibraryLoader, ProcessLoaderReadsTheEnvironmentAndTheDirectoryOverr
 }
 
 TEST(ResourceLibraryLoader, WithoutOverrideTheFoldersAreBesideTheLibrary) {
-    tabra::test::ScopedVariable directory("TABRA_RESOURCE_DIR", nullptr);
+    tabra::test::ScopedEnvironmentVariable directory("TABRA_RESOURCE_DIR", nullptr);
     const tabra::platform::LibraryImage *image = tabra::platform::libraryImageOf(tabra::platform::ownLibraryImage());
     ASSERT_NE(image, nullptr);
     EXPECT_EQ(image->path.front(), '/') << image->path;

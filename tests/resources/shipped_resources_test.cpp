@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <vector>
 
 using tabra::platform::ControlKind;
 using tabra::platform::ControlTemplate;
@@ -50,10 +51,6 @@ std::multiset<std::u16string> insertsOf(const std::u16string &text) {
     return inserts;
 }
 
-bool isPushButton(const ControlTemplate *c) { return c != nullptr && c->kind == ControlKind::PushButton; }
-bool isEdit(const ControlTemplate *c, uint32_t requiredStyle = 0) {
-    return c != nullptr && c->kind == ControlKind::Edit && (c->style & requiredStyle) == requiredStyle;
-}
 
 } // namespace
 
@@ -86,38 +83,37 @@ TEST_P(ShippedLanguage, QuestionsOfferTheAnswersTheCallersActOn) {
         EXPECT_EQ(tables.strings.at(id).messageBoxStyle & MB_TYPEMASK, MB_OK) << "string " << id;
 }
 
-TEST_P(ShippedLanguage, OdbcErrorDialogHoldsItsFields) {
+// The controls the library's own dialog procedures drive: the ODBC error dialog, the
+// data source dialog, the schema dialog and the combined one.
+TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
+    constexpr uint32_t readOnly = ES_READONLY, multiLine = ES_MULTILINE | ES_READONLY;
+    struct Expected {
+        int32_t dialog, control;
+        ControlKind kind;
+        uint32_t style; // bits that must be set
+    };
+    std::vector<Expected> expected = {
+        {10025, 2140, ControlKind::Edit, readOnly},  {10025, 2141, ControlKind::Edit, readOnly},
+        {10025, 1006, ControlKind::Edit, readOnly},  {10025, 2139, ControlKind::Edit, readOnly},
+        {10025, 2144, ControlKind::Edit, multiLine}, {10025, 1014, ControlKind::Edit, multiLine},
+        {10025, 1003, ControlKind::PushButton, 0},   {103, 1004, ControlKind::ListBox, 0},
+        {103, 1002, ControlKind::Edit, 0},           {103, 1003, ControlKind::Edit, ES_PASSWORD},
+        {10056, 2010, ControlKind::ListBox, 0},      {10056, 2011, ControlKind::Edit, 0},
+        {10060, 1014, ControlKind::Edit, 0},         {10060, 1015, ControlKind::Edit, 0},
+        {10060, 2014, ControlKind::Edit, 0},         {10060, 1016, ControlKind::Edit, ES_PASSWORD},
+        {10060, 1145, ControlKind::PushButton, 0},   {10060, 1147, ControlKind::PushButton, 0},
+    };
+    for (int32_t dialog : {10025, 103, 10056, 10060})
+        for (int32_t button : {IDOK, IDCANCEL}) expected.push_back({dialog, button, ControlKind::PushButton, 0});
     const ResourceTables &tables = shipped(GetParam());
-    ASSERT_EQ(tables.dialogs.count(10025), 1u);
-    const DialogTemplate &dialog = tables.dialogs.at(10025);
-    for (int32_t id : {2140, 2141, 1006, 2139}) EXPECT_TRUE(isEdit(findControl(dialog, id), ES_READONLY)) << id;
-    for (int32_t id : {2144, 1014}) EXPECT_TRUE(isEdit(findControl(dialog, id), ES_MULTILINE | ES_READONLY)) << id;
-    for (int32_t id : {1003, IDOK, IDCANCEL}) EXPECT_TRUE(isPushButton(findControl(dialog, id))) << id;
-}
-
-TEST_P(ShippedLanguage, DataSourceAndSchemaDialogsHoldTheirControls) {
-    const ResourceTables &tables = shipped(GetParam());
-    const DialogTemplate &dataSource = tables.dialogs.at(103);
-    ASSERT_NE(findControl(dataSource, 1004), nullptr);
-    EXPECT_EQ(findControl(dataSource, 1004)->kind, ControlKind::ListBox);
-    EXPECT_TRUE(isEdit(findControl(dataSource, 1002)));
-    EXPECT_FALSE(findControl(dataSource, 1002)->style & ES_PASSWORD);
-    EXPECT_TRUE(isEdit(findControl(dataSource, 1003), ES_PASSWORD));
-
-    const DialogTemplate &schema = tables.dialogs.at(10056);
-    ASSERT_NE(findControl(schema, 2010), nullptr);
-    EXPECT_EQ(findControl(schema, 2010)->kind, ControlKind::ListBox);
-    EXPECT_TRUE(isEdit(findControl(schema, 2011)));
-
-    const DialogTemplate &combined = tables.dialogs.at(10060);
-    for (int32_t id : {1014, 1015, 2014}) EXPECT_TRUE(isEdit(findControl(combined, id))) << id;
-    EXPECT_TRUE(isEdit(findControl(combined, 1016), ES_PASSWORD));
-    for (int32_t id : {1145, 1147}) EXPECT_TRUE(isPushButton(findControl(combined, id))) << id;
-
-    for (const DialogTemplate *dialog : {&dataSource, &schema, &combined}) {
-        EXPECT_TRUE(isPushButton(findControl(*dialog, IDOK))) << dialog->id;
-        EXPECT_TRUE(isPushButton(findControl(*dialog, IDCANCEL))) << dialog->id;
+    for (const Expected &e : expected) {
+        ASSERT_EQ(tables.dialogs.count(e.dialog), 1u) << e.dialog;
+        const ControlTemplate *c = findControl(tables.dialogs.at(e.dialog), e.control);
+        ASSERT_NE(c, nullptr) << e.dialog << "/" << e.control;
+        EXPECT_EQ(c->kind, e.kind) << e.dialog << "/" << e.control;
+        EXPECT_EQ(c->style & e.style, e.style) << e.dialog << "/" << e.control;
     }
+    EXPECT_FALSE(findControl(tables.dialogs.at(103), 1002)->style & ES_PASSWORD) << "the user name shows";
 }
 
 TEST_P(ShippedLanguage, DialogsAreLaidOutInsideTheirFrames) {

@@ -11,23 +11,22 @@
 #include <memory>
 
 using tabra::module::LoadTranslatedString;
-using tabra::test::TemporaryTree;
+using tabra::test::TemporaryDirectory;
 
 namespace {
 
-// A resource library made in memory, freed at the end of the test.
-class MemoryLibrary {
+// A resource library of strings made in memory.
+class MemoryLibrary : public tabra::test::ScopedResourceLibrary {
 public:
-    explicit MemoryLibrary(std::initializer_list<std::pair<const int32_t, std::u16string>> strings) {
-        auto module = std::make_unique<tabra::platform::ResourceModule>();
-        for (const auto &[id, text] : strings) module->tables.strings[id].text = text;
-        handle_ = tabra::platform::adoptResourceModule(std::move(module));
-    }
-    ~MemoryLibrary() { Ostrel_FreeResourceLibrary(handle_); }
-    HMODULE handle() const { return handle_; }
+    explicit MemoryLibrary(std::initializer_list<std::pair<const int32_t, std::u16string>> strings)
+        : ScopedResourceLibrary(tablesOf(strings)) {}
 
 private:
-    HMODULE handle_;
+    static tabra::platform::ResourceTables tablesOf(std::initializer_list<std::pair<const int32_t, std::u16string>> strings) {
+        tabra::platform::ResourceTables tables;
+        for (const auto &[id, text] : strings) tables.strings[id].text = text;
+        return tables;
+    }
 };
 
 // Gives the translation module a table for one test and takes it away afterwards.
@@ -41,7 +40,7 @@ public:
     bool registered() const { return registered_; }
 
 private:
-    TemporaryTree tree_;
+    TemporaryDirectory tree_;
     std::u16string moduleName_;
     bool registered_ = false;
 };
@@ -179,7 +178,7 @@ TEST(TranslationTable, AFaultyFileLeavesTheModuleUntranslated) {
 }
 
 TEST(ResourceLibraryFiles, LoadFromAPathAndRefuseFaultyOrMissingFiles) {
-    TemporaryTree tree;
+    TemporaryDirectory tree;
     auto good = tree.write("good.rc", tabra::test::scriptWithString(7, "seven"));
     auto bad = tree.write("bad.rc", "STRINGTABLE\nBEGIN\n  7, \"seven\"\n");
     std::string goodName = good.string(), badName = bad.string();
