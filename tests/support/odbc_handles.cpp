@@ -31,34 +31,38 @@ std::string describe(const std::string &what, SQLRETURN rc, const std::vector<Di
 
 } // namespace
 
-std::vector<DiagnosticRecord> diagnosticRecords(SQLSMALLINT handleType, SQLHANDLE handle) {
+namespace {
+
+// Collects records while `next` (given the record's number and its buffers) succeeds.
+template <class Next> std::vector<DiagnosticRecord> collectRecords(Next next) {
     std::vector<DiagnosticRecord> records;
-    for (SQLSMALLINT number = 1;; ++number) {
+    for (SQLSMALLINT number = 1; number <= 100; ++number) {
         SQLWCHAR state[SQL_SQLSTATE_SIZE + 1] = {};
         SQLINTEGER nativeError = 0;
         SQLWCHAR message[SQL_MAX_MESSAGE_LENGTH + 1] = {};
         SQLSMALLINT length = 0;
-        SQLRETURN rc = SQLGetDiagRecW(handleType, handle, number, state, &nativeError, message,
-                                      SQL_MAX_MESSAGE_LENGTH + 1, &length);
-        if (!succeeded(rc)) break;
+        if (!succeeded(next(number, state, &nativeError, message, &length))) break;
         records.push_back({fromSql(state), nativeError, fromSql(message)});
     }
     return records;
 }
 
+} // namespace
+
+std::vector<DiagnosticRecord> diagnosticRecords(SQLSMALLINT handleType, SQLHANDLE handle) {
+    return collectRecords([&](SQLSMALLINT number, SQLWCHAR *state, SQLINTEGER *nativeError, SQLWCHAR *message,
+                              SQLSMALLINT *length) {
+        return SQLGetDiagRecW(handleType, handle, number, state, nativeError, message, SQL_MAX_MESSAGE_LENGTH + 1,
+                              length);
+    });
+}
+
 std::vector<DiagnosticRecord> errorRecords(SQLHENV environment, SQLHDBC connection, SQLHSTMT statement) {
-    std::vector<DiagnosticRecord> records;
-    for (int guard = 0; guard < 100; ++guard) {
-        SQLWCHAR state[SQL_SQLSTATE_SIZE + 1] = {};
-        SQLINTEGER nativeError = 0;
-        SQLWCHAR message[SQL_MAX_MESSAGE_LENGTH + 1] = {};
-        SQLSMALLINT length = 0;
-        SQLRETURN rc = SQLErrorW(environment, connection, statement, state, &nativeError, message,
-                                 SQL_MAX_MESSAGE_LENGTH + 1, &length);
-        if (!succeeded(rc)) break;
-        records.push_back({fromSql(state), nativeError, fromSql(message)});
-    }
-    return records;
+    return collectRecords([&](SQLSMALLINT, SQLWCHAR *state, SQLINTEGER *nativeError, SQLWCHAR *message,
+                              SQLSMALLINT *length) {
+        return SQLErrorW(environment, connection, statement, state, nativeError, message, SQL_MAX_MESSAGE_LENGTH + 1,
+                         length);
+    });
 }
 
 OdbcError::OdbcError(const std::string &what, SQLRETURN result, std::vector<DiagnosticRecord> records)
