@@ -48,34 +48,23 @@ TEST_F(ModalDialog, InitDialogGetsTheParameterAndTheResultComesFromEndDialog) {
 }
 
 TEST_F(ModalDialog, FocusFollowsTheInitDialogAnswer) {
-    HWND focusWhileOpen = nullptr;
-    HWND firstEdit = nullptr, secondEdit = nullptr;
-    Procedure takesDefault = [&](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            firstEdit = GetDlgItem(dialog, 1002);
-            return TRUE;
-        }
-        if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(dialog, IDCANCEL);
-        return 0;
-    };
-    TabraScript_QueueCallback(100, [](HWND, void *focus) { *static_cast<HWND *>(focus) = GetFocus(); }, &focusWhileOpen);
-    queue("dialog 100: close");
-    EXPECT_EQ(runDialog(module, 100, takesDefault), IDCANCEL);
-    EXPECT_EQ(focusWhileOpen, firstEdit);
-
-    Procedure choosesItself = [&](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            secondEdit = GetDlgItem(dialog, 1003);
-            SetFocus(secondEdit);
-            return FALSE; // keeps the focus where the procedure put it
-        }
-        if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(dialog, IDCANCEL);
-        return 0;
-    };
-    TabraScript_QueueCallback(100, [](HWND, void *focus) { *static_cast<HWND *>(focus) = GetFocus(); }, &focusWhileOpen);
-    queue("dialog 100: close");
-    runDialog(module, 100, choosesItself);
-    EXPECT_EQ(focusWhileOpen, secondEdit);
+    // TRUE gives the focus to the first tab stop; FALSE keeps it where the procedure put it.
+    for (bool takesDefault : {true, false}) {
+        HWND focusWhileOpen = nullptr, expected = nullptr;
+        Procedure procedure = [&](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
+            if (message == WM_INITDIALOG) {
+                expected = GetDlgItem(dialog, takesDefault ? 1002 : 1003);
+                if (!takesDefault) SetFocus(expected);
+                return takesDefault;
+            }
+            if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(dialog, IDCANCEL);
+            return 0;
+        };
+        TabraScript_QueueCallback(100, [](HWND, void *focus) { *static_cast<HWND *>(focus) = GetFocus(); }, &focusWhileOpen);
+        queue("dialog 100: close");
+        EXPECT_EQ(runDialog(module, 100, procedure), IDCANCEL);
+        EXPECT_EQ(focusWhileOpen, expected) << takesDefault;
+    }
     EXPECT_FALSE(TabraScript_Failed()) << report();
     EXPECT_EQ(GetFocus(), nullptr) << "no dialog is active any more";
 }

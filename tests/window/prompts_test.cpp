@@ -2,12 +2,9 @@
 // menus, the file name dialog with its remembered name, notices, help, the wait
 // cursor and beeps; all recorded by the scripted driver.
 #include "ostrel_registry.h"
+#include "support/scoped_environment.h"
 #include "window_test_support.h"
 
-#include <unistd.h>
-
-#include <cstdlib>
-#include <fstream>
 #include <string>
 
 using namespace tabra::test;
@@ -131,30 +128,13 @@ TEST_F(Prompts, AMenuWithoutReturnCommandPostsItToTheOwner) {
 
 class FileNameDialog : public Prompts {
 protected:
-    void SetUp() override {
-        Prompts::SetUp();
-        const char *tmp = std::getenv("TMPDIR");
-        root = std::string(tmp ? tmp : "/tmp") + "/tabra-window-test-" + std::to_string(getpid());
-        const char *previous = std::getenv("TABRA_REGISTRY_ROOT");
-        if (previous) savedRoot = previous;
-        hadRoot = previous != nullptr;
-        setenv("TABRA_REGISTRY_ROOT", root.c_str(), 1);
-        existing = root + "-orders.txt";
-        std::ofstream(existing) << "x";
-    }
-    void TearDown() override {
-        if (hadRoot) setenv("TABRA_REGISTRY_ROOT", savedRoot.c_str(), 1);
-        else unsetenv("TABRA_REGISTRY_ROOT");
-        std::remove(existing.c_str());
-        std::system(("rm -rf '" + root + "'").c_str());
-        Prompts::TearDown();
-    }
+    FileNameDialog() { writeWholeFile(existing, "x"); }
     int32_t ask(int32_t mode, char16_t *name, int32_t capacity) {
         return Ostrel_ExtendedFileNameDialog(nullptr, mode, module.handle(), 2912, 1804, HKEY_CURRENT_USER,
                                              u"Software\\Ostrel Software\\Tabra", u"Export", u"FileName", name, capacity);
     }
-    std::string root, savedRoot, existing;
-    bool hadRoot = false;
+    ScopedRegistryRoot registry;
+    std::string root = registry.path().string(), existing = root + "/orders.txt";
 };
 
 TEST_F(FileNameDialog, RemembersTheLastNameChosen) {

@@ -5,14 +5,14 @@
 
 #include "ostrel_ui.h"
 #include "platform/resources/resource_module.h"
-#include "support/test_text.h"
 #include "platform/resources/resource_model.h"
+#include "support/scripted_run.h"
+#include "support/test_text.h"
 #include "tabra_script.h"
 #include "tabra_window.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <functional>
 #include <memory>
 #include <string>
@@ -44,9 +44,15 @@ public:
         return control(platform::ControlKind::ListView, id, u"", style | WS_TABSTOP);
     }
     DialogBuilder &tabControl(int32_t id) { return control(platform::ControlKind::TabControl, id, u"", WS_TABSTOP); }
-    DialogBuilder &okCancel() { return button(IDOK, u"OK", BS_DEFPUSHBUTTON).button(IDCANCEL, u"Cancel"); }
+    // OK and Cancel side by side, OK's top left at (x, y).
+    DialogBuilder &okCancel(int x = 0, int y = 0) {
+        return button(IDOK, u"OK", BS_DEFPUSHBUTTON).at(x, y, 50, 14).button(IDCANCEL, u"Cancel").at(x + 54, y, 50, 14);
+    }
     // Makes the template a page (WS_CHILD) for tab controls and wizards.
     DialogBuilder &page();
+    // Places the last control added (dialog units); sizes the dialog and gives it a font.
+    DialogBuilder &at(int x, int y, int width, int height);
+    DialogBuilder &size(int width, int height, std::u16string font = u"Sans", int fontSize = 8);
 
     const platform::DialogTemplate &get() const { return template_; }
 
@@ -91,16 +97,17 @@ struct SeenCommand {
     bool operator==(const SeenCommand &) const = default;
 };
 
-// Every test runs on the scripted driver with an empty run.
+// Every test runs on the scripted driver with an empty run; a failed test prints the
+// run's report.
 class ScriptedTest : public ::testing::Test {
 protected:
-    void SetUp() override;
-    void TearDown() override;
-
     // Queues a script line; the test fails when the line is not an action.
-    void queue(const std::string &line);
-    std::string report() const;
+    void queue(const std::string &line) { run_.queue(line); }
+    std::string report() const { return run_.report(); }
     std::vector<TabraScriptRecord> recordsOf(int32_t kind) const;
+
+private:
+    ScriptedRun run_;
 };
 
 std::u16string windowText(HWND window);
@@ -131,6 +138,23 @@ inline DialogBuilder &DialogBuilder::control(platform::ControlKind kind, int32_t
 inline DialogBuilder &DialogBuilder::page() {
     template_.childPage = true;
     template_.style |= WS_CHILD;
+    return *this;
+}
+
+inline DialogBuilder &DialogBuilder::at(int x, int y, int width, int height) {
+    auto &control = template_.controls.back();
+    control.x = x;
+    control.y = y;
+    control.width = width;
+    control.height = height;
+    return *this;
+}
+
+inline DialogBuilder &DialogBuilder::size(int width, int height, std::u16string font, int fontSize) {
+    template_.width = width;
+    template_.height = height;
+    template_.fontName = std::move(font);
+    template_.fontSize = fontSize;
     return *this;
 }
 
@@ -174,27 +198,6 @@ inline HWND createModeless(const TestModule &module, int32_t templateId, Procedu
 inline Procedure &plainProcedure() {
     static Procedure procedure = [](HWND, uint32_t, WPARAM, LPARAM) -> INT_PTR { return 0; };
     return procedure;
-}
-
-inline void ScriptedTest::SetUp() { TabraScript_Begin(); }
-
-inline void ScriptedTest::TearDown() {
-    if (HasFailure()) std::fprintf(stderr, "%s", report().c_str());
-    TabraScript_End();
-}
-
-inline void ScriptedTest::queue(const std::string &line) {
-    if (TabraScript_QueueUtf8(line.c_str()) == 1) return;
-    char error[512];
-    TabraScript_LastError(error, sizeof error);
-    ADD_FAILURE() << "not an action: " << line << ": " << error;
-}
-
-inline std::string ScriptedTest::report() const {
-    std::string text(static_cast<std::size_t>(TabraScript_ReportUtf8(nullptr, 0)) + 1, '\0');
-    TabraScript_ReportUtf8(text.data(), static_cast<int32_t>(text.size()));
-    text.resize(text.size() - 1);
-    return text;
 }
 
 inline std::vector<TabraScriptRecord> ScriptedTest::recordsOf(int32_t kind) const {
