@@ -23,81 +23,45 @@ constexpr int32_t kName = 1002, kPassword = 1003, kServer = 1004, kRemember = 10
 constexpr int32_t kTables = 1008, kDriver = 1009, kSchema = 1010, kColumns = 1011, kTabs = 1012, kProgress = 1013;
 constexpr int32_t kTimeout = 1020, kCompress = 1021;
 
-tabra::platform::ControlTemplate control(ControlKind kind, int32_t id, std::u16string text, std::array<int, 4> frame,
-                                         uint32_t style = 0, uint32_t extendedStyle = 0) {
-    tabra::platform::ControlTemplate made;
-    made.kind = kind;
-    made.id = id;
-    made.text = std::move(text);
-    made.x = frame[0];
-    made.y = frame[1];
-    made.width = frame[2];
-    made.height = frame[3];
-    made.style = style | WS_CHILD | WS_VISIBLE;
-    made.extendedStyle = extendedStyle;
-    return made;
-}
-
-tabra::platform::DialogTemplate dialogTemplate(int32_t id, std::u16string caption, int width, int height,
-                                               std::vector<tabra::platform::ControlTemplate> controls, bool page = false) {
-    tabra::platform::DialogTemplate made;
-    made.id = id;
-    made.caption = std::move(caption);
-    made.width = width;
-    made.height = height;
-    made.fontName = u"Sans";
-    made.fontSize = 8;
-    made.childPage = page;
-    if (page) made.style |= WS_CHILD;
-    made.controls = std::move(controls);
-    return made;
-}
-
 class GtkRendererControls : public GtkRendererTest {
 protected:
     GtkRendererControls() {
         constexpr uint32_t tab = WS_TABSTOP;
-        auto main = dialogTemplate(
-            kDialog, u"Connection Settings", 280, 200,
-            {control(ControlKind::Static, -1, u"&Name:", {7, 9, 50, 8}),
-             control(ControlKind::Edit, kName, u"", {60, 7, 100, 14}, tab | ES_AUTOHSCROLL),
-             control(ControlKind::Static, -1, u"&Password:", {7, 27, 50, 8}),
-             control(ControlKind::Edit, kPassword, u"", {60, 25, 100, 14}, tab | ES_PASSWORD),
-             control(ControlKind::Static, -1, u"Server:", {7, 45, 50, 8}),
-             control(ControlKind::Edit, kServer, u"", {60, 43, 100, 14}, tab | ES_READONLY),
-             control(ControlKind::GroupBox, -1, u"Options", {168, 3, 105, 56}),
-             control(ControlKind::CheckBox, kRemember, u"&Remember password", {175, 15, 94, 10}, tab | BS_AUTOCHECKBOX),
-             control(ControlKind::RadioButton, kLocal, u"&Local server", {175, 29, 94, 10}, tab | WS_GROUP | BS_AUTORADIOBUTTON),
-             control(ControlKind::RadioButton, kRemote, u"Re&mote server", {175, 42, 94, 10}, BS_AUTORADIOBUTTON),
-             control(ControlKind::Static, -1, u"&Tables:", {7, 64, 60, 8}),
-             control(ControlKind::ListBox, kTables, u"", {7, 74, 80, 50}, tab | LBS_NOTIFY | WS_VSCROLL),
-             control(ControlKind::Static, -1, u"&Driver:", {95, 64, 60, 8}),
-             control(ControlKind::ComboBox, kDriver, u"", {95, 74, 80, 60}, tab | CBS_DROPDOWNLIST),
-             control(ControlKind::Static, -1, u"S&chema:", {95, 94, 60, 8}),
-             control(ControlKind::ComboBox, kSchema, u"", {95, 104, 80, 60}, tab | CBS_DROPDOWN),
-             control(ControlKind::ListView, kColumns, u"", {183, 64, 90, 60}, tab | LVS_REPORT | LVS_SINGLESEL,
-                     LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT),
-             control(ControlKind::TabControl, kTabs, u"", {7, 130, 266, 44}, tab),
-             control(ControlKind::Progress, kProgress, u"", {7, 182, 120, 10}),
-             control(ControlKind::PushButton, IDOK, u"OK", {169, 179, 50, 14}, tab | BS_DEFPUSHBUTTON),
-             control(ControlKind::PushButton, IDCANCEL, u"Cancel", {223, 179, 50, 14}, tab)});
-        auto general = dialogTemplate(kGeneralPage, u"General", 260, 26,
-                                      {control(ControlKind::Static, -1, u"T&imeout (seconds):", {4, 8, 70, 8}),
-                                       control(ControlKind::Edit, kTimeout, u"", {78, 6, 40, 14}, tab | ES_NUMBER)},
-                                      true);
-        auto advanced = dialogTemplate(kAdvancedPage, u"Advanced", 260, 26,
-                                       {control(ControlKind::CheckBox, kCompress, u"Com&press the transfer", {4, 8, 120, 10},
-                                                tab | BS_AUTOCHECKBOX)},
-                                       true);
-        tables_ = std::make_unique<tabra::platform::ResourceModule>();
-        tables_->tables.dialogs[kDialog] = main;
-        tables_->tables.dialogs[kGeneralPage] = general;
-        tables_->tables.dialogs[kAdvancedPage] = advanced;
-        module_ = tabra::platform::adoptResourceModule(std::move(tables_));
+        DialogBuilder main(kDialog, u"Connection Settings");
+        main.size(280, 200)
+            .label(u"&Name:").at(7, 9, 50, 8)
+            .control(ControlKind::Edit, kName, u"", tab | ES_AUTOHSCROLL).at(60, 7, 100, 14)
+            .label(u"&Password:").at(7, 27, 50, 8)
+            .control(ControlKind::Edit, kPassword, u"", tab | ES_PASSWORD).at(60, 25, 100, 14)
+            .label(u"Server:").at(7, 45, 50, 8)
+            .control(ControlKind::Edit, kServer, u"", tab | ES_READONLY).at(60, 43, 100, 14)
+            .control(ControlKind::GroupBox, -1, u"Options").at(168, 3, 105, 56)
+            .control(ControlKind::CheckBox, kRemember, u"&Remember password", tab | BS_AUTOCHECKBOX).at(175, 15, 94, 10)
+            .control(ControlKind::RadioButton, kLocal, u"&Local server", tab | WS_GROUP | BS_AUTORADIOBUTTON).at(175, 29, 94, 10)
+            .control(ControlKind::RadioButton, kRemote, u"Re&mote server", BS_AUTORADIOBUTTON).at(175, 42, 94, 10)
+            .label(u"&Tables:").at(7, 64, 60, 8)
+            .control(ControlKind::ListBox, kTables, u"", tab | LBS_NOTIFY | WS_VSCROLL).at(7, 74, 80, 50)
+            .label(u"&Driver:").at(95, 64, 60, 8)
+            .control(ControlKind::ComboBox, kDriver, u"", tab | CBS_DROPDOWNLIST).at(95, 74, 80, 60)
+            .label(u"S&chema:").at(95, 94, 60, 8)
+            .control(ControlKind::ComboBox, kSchema, u"", tab | CBS_DROPDOWN).at(95, 104, 80, 60)
+            .control(ControlKind::ListView, kColumns, u"", tab | LVS_REPORT | LVS_SINGLESEL,
+                     LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT).at(183, 64, 90, 60)
+            .control(ControlKind::TabControl, kTabs, u"", tab).at(7, 130, 266, 44)
+            .control(ControlKind::Progress, kProgress).at(7, 182, 120, 10)
+            .button(IDOK, u"OK", BS_DEFPUSHBUTTON).at(169, 179, 50, 14)
+            .button(IDCANCEL, u"Cancel").at(223, 179, 50, 14);
+        DialogBuilder general(kGeneralPage, u"General");
+        general.page().size(260, 26).label(u"T&imeout (seconds):").at(4, 8, 70, 8)
+            .control(ControlKind::Edit, kTimeout, u"", tab | ES_NUMBER).at(78, 6, 40, 14);
+        DialogBuilder advanced(kAdvancedPage, u"Advanced");
+        advanced.page().size(260, 26)
+            .control(ControlKind::CheckBox, kCompress, u"Com&press the transfer", tab | BS_AUTOCHECKBOX).at(4, 8, 120, 10);
+        module.add(main).add(general).add(advanced);
+        module_ = module.handle();
     }
-    ~GtkRendererControls() override { tabra::platform::releaseResourceModule(module_); }
 
-    std::unique_ptr<tabra::platform::ResourceModule> tables_;
+    TestModule module;
     HMODULE module_ = nullptr;
     std::vector<SeenCommand> commands_;
     std::vector<int32_t> notifications_;

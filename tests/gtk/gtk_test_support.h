@@ -38,20 +38,24 @@ inline std::filesystem::path screenshotDirectory() {
 
 inline std::string screenshotPath(const std::string &name) { return (screenshotDirectory() / (name + ".png")).string(); }
 
-// The shipped English resource library, loaded from the build tree's language folder.
+// A shipped resource library ("en", "de"), loaded from the build tree's language
+// folder; the caller frees it.
+inline HMODULE loadShippedResources(const std::string &language) {
+    std::filesystem::path directory;
+    if (const char *configured = std::getenv("TABRA_RESOURCE_DIR"); configured && *configured) directory = configured;
+    else directory = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
+    std::string error;
+    auto loaded = platform::readResourceScriptFile((directory / language / "tabraRes.rc").string(), error);
+    if (!loaded) {
+        ADD_FAILURE() << error;
+        return nullptr;
+    }
+    return platform::adoptResourceModule(std::move(loaded));
+}
+
+// The shipped English resource library, loaded once.
 inline HMODULE englishResources() {
-    static HMODULE module = [] {
-        std::filesystem::path directory;
-        if (const char *configured = std::getenv("TABRA_RESOURCE_DIR"); configured && *configured) directory = configured;
-        else directory = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
-        std::string error;
-        auto loaded = platform::readResourceScriptFile((directory / "en" / "tabraRes.rc").string(), error);
-        if (!loaded) {
-            ADD_FAILURE() << error;
-            return static_cast<HMODULE>(nullptr);
-        }
-        return platform::adoptResourceModule(std::move(loaded));
-    }();
+    static HMODULE module = loadShippedResources("en");
     return module;
 }
 

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <vector>
+
 using namespace tabra::gtk;
 
 namespace {
@@ -39,26 +42,20 @@ TEST(RendererLabelText, EditLineBreaksTravelBothWays) {
 }
 
 TEST(RendererDialogUnits, BaseUnitsFollowTheClassicMeasure) {
-    // "Sans 10" at 96 dpi: 422 pixels for the 52 letters, 17 pixels high.
-    BaseUnits sans10 = baseUnitsFromMeasure(422, 17);
-    EXPECT_EQ(sans10.x, 8);
-    EXPECT_EQ(sans10.y, 17);
-    // "Sans 8": 343 pixels, 13 high.
-    BaseUnits sans8 = baseUnitsFromMeasure(343, 13);
-    EXPECT_EQ(sans8.x, 7);
-    EXPECT_EQ(sans8.y, 13);
-    // A degenerate font still gives usable units.
-    BaseUnits none = baseUnitsFromMeasure(0, 0);
-    EXPECT_EQ(none.x, 1);
-    EXPECT_EQ(none.y, 1);
+    // Pixels for the 52 letters and the font height, as "Sans 10" and "Sans 8" measure
+    // at 96 dpi; a degenerate font still gives usable units.
+    const std::array<int, 4> cases[] = {{422, 17, 8, 17}, {343, 13, 7, 13}, {0, 0, 1, 1}};
+    for (const auto &[width, height, x, y] : cases) {
+        BaseUnits units = baseUnitsFromMeasure(width, height);
+        EXPECT_EQ(units.x, x) << width;
+        EXPECT_EQ(units.y, y) << height;
+    }
 }
 
 TEST(RendererDialogUnits, UnitsScaleAndRoundAsTheDialogManagerDoes) {
-    BaseUnits sans10{8, 17};
-    // A 300 x 196 unit dialog is 600 x 417 pixels.
-    EXPECT_EQ(horizontalPixels(300, sans10), 600);
+    BaseUnits sans10{8, 17}, sans8{7, 13};
+    EXPECT_EQ(horizontalPixels(300, sans10), 600); // a 300 x 196 unit dialog is 600 x 417 pixels
     EXPECT_EQ(verticalPixels(196, sans10), 417);
-    BaseUnits sans8{7, 13};
     EXPECT_EQ(horizontalPixels(1, sans8), 2) << "7/4 rounds to 2";
     EXPECT_EQ(horizontalPixels(2, sans8), 4) << "14/4 = 3.5 rounds away from zero";
     EXPECT_EQ(verticalPixels(14, sans8), 23) << "182/8 = 22.75";
@@ -66,10 +63,7 @@ TEST(RendererDialogUnits, UnitsScaleAndRoundAsTheDialogManagerDoes) {
     EXPECT_EQ(horizontalPixels(-2, sans8), -4) << "negative offsets round symmetrically";
     EXPECT_EQ(horizontalPixels(0, sans8), 0);
     PixelRect rect = toPixels({7, 211, 50, 14}, sans8);
-    EXPECT_EQ(rect.x, 12);
-    EXPECT_EQ(rect.y, 343);
-    EXPECT_EQ(rect.width, 88);
-    EXPECT_EQ(rect.height, 23);
+    EXPECT_EQ(std::vector<int>({rect.x, rect.y, rect.width, rect.height}), std::vector<int>({12, 343, 88, 23}));
 }
 
 } // namespace

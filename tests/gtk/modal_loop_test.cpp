@@ -9,7 +9,6 @@
 
 #include "window/window_test_support.h"
 
-#include <array>
 
 using namespace tabra::test;
 namespace automation = tabra::gtk::automation;
@@ -25,28 +24,12 @@ class GtkRendererModalLoop : public GtkRendererTest {
 protected:
     GtkRendererModalLoop() {
         DialogBuilder outer(kOuter, u"Outer");
-        outer.label(u"The outer dialog opens the inner one.").button(kOpenInner, u"&Details...").okCancel();
-        place(outer, {{7, 7, 200, 8}, {7, 20, 60, 14}, {106, 80, 50, 14}, {160, 80, 50, 14}});
+        outer.size(217, 101).label(u"The outer dialog opens the inner one.").at(7, 7, 200, 8)
+            .button(kOpenInner, u"&Details...").at(7, 20, 60, 14)
+            .okCancel(106, 80);
         DialogBuilder inner(kInner, u"Inner");
-        inner.label(u"&Name:").edit(kNameEdit).okCancel();
-        place(inner, {{7, 9, 40, 8}, {50, 7, 100, 14}, {46, 30, 50, 14}, {100, 30, 50, 14}});
+        inner.size(157, 51).label(u"&Name:").at(7, 9, 40, 8).edit(kNameEdit).at(50, 7, 100, 14).okCancel(46, 30);
         module.add(outer).add(inner);
-    }
-
-    // Sizes the dialog and puts its controls at the given frames (dialog units).
-    static void place(DialogBuilder &dialog, const std::vector<std::array<int, 4>> &frames) {
-        auto &layout = const_cast<tabra::platform::DialogTemplate &>(dialog.get());
-        layout.width = frames.back()[0] + frames.back()[2] + 7;
-        layout.height = frames.back()[1] + frames.back()[3] + 7;
-        layout.fontName = u"Sans";
-        layout.fontSize = 8;
-        for (std::size_t i = 0; i < frames.size() && i < layout.controls.size(); ++i) {
-            auto &control = layout.controls[i];
-            control.x = frames[i][0];
-            control.y = frames[i][1];
-            control.width = frames[i][2];
-            control.height = frames[i][3];
-        }
     }
 
     TestModule module;

@@ -18,19 +18,6 @@ namespace {
 // font height the dialog units come from), not a line taller.
 constexpr int kHeightSlack = 5;
 
-HMODULE shippedLibrary(const std::string &language) {
-    std::filesystem::path directory;
-    if (const char *configured = std::getenv("TABRA_RESOURCE_DIR"); configured && *configured) directory = configured;
-    else directory = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
-    std::string error;
-    auto loaded = tabra::platform::readResourceScriptFile((directory / language / "tabraRes.rc").string(), error);
-    if (!loaded) {
-        ADD_FAILURE() << error;
-        return nullptr;
-    }
-    return tabra::platform::adoptResourceModule(std::move(loaded));
-}
-
 INT_PTR closingProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM) {
     if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) EndDialog(dialog, LOWORD(wParam));
     return message == WM_INITDIALOG;
@@ -65,7 +52,7 @@ void expectTextsFit(HWND dialog, const std::string &where) {
 class GtkRendererShippedDialogs : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
 
 TEST_P(GtkRendererShippedDialogs, TextsFitTheirControls) {
-    HMODULE library = shippedLibrary(GetParam());
+    HMODULE library = loadShippedResources(GetParam());
     ASSERT_NE(library, nullptr);
     const auto *tables = tabra::platform::resourceTablesOf(library);
     ASSERT_NE(tables, nullptr);
