@@ -51,7 +51,9 @@ TABRA_API int32_t Ostrel_ReadToken(const char16_t *list, int32_t *position, char
  * control, no line or paragraph separator and no unpaired surrogate; mode 2 also
  * holds no quotation mark or apostrophe. Escapes: \\ \t \n \r, \q (") and \Q (') in
  * mode 2, \xHH for the other control characters, \uHHHH for U+2028, U+2029 and
- * unpaired surrogates; everything else is copied. Any mode other than 2 is mode 0.
+ * unpaired surrogates (in mode 0 also for both halves of every surrogate pair, so its
+ * output stays within the Basic Multilingual Plane, which ANSI drivers pass);
+ * everything else is copied. Any mode other than 2 is mode 0.
  * Encode writes into output (capacity characters, terminated) and returns its length;
  * when the encoding does not fit it writes the empty text and returns -1 (-1 too for a
  * null output or a capacity below 1; a null text encodes as the empty text).

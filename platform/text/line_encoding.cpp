@@ -66,8 +66,16 @@ std::u16string encodeOnOneLine(std::u16string_view text, LineEncoding form) {
         } else if (isControl(c)) {
             appendHex(out, u'x', c, 2);
         } else if (isHighSurrogate(c) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-            out += c;
-            out += text[++i];
+            if (form == LineEncoding::General) {
+                // Both halves escaped: the general form stays within the Basic
+                // Multilingual Plane, which an ANSI driver behind the driver manager
+                // (SQLite's) passes, while it mangles a pair into a broken statement.
+                appendHex(out, u'u', c, 4);
+                appendHex(out, u'u', text[++i], 4);
+            } else {
+                out += c;
+                out += text[++i];
+            }
         } else if (isLineSeparator(c) || isHighSurrogate(c) || isLowSurrogate(c)) {
             appendHex(out, u'u', c, 4);
         } else {

@@ -6,7 +6,9 @@
 //   \\  backslash            \t \n \r  tab, line feed, carriage return
 //   \q  quotation mark "     \Q  apostrophe '      (written in the quote-safe form only)
 //   \xHH  any other character 1-31, 127 and 128-159 (two upper-case hex digits)
-//   \uHHHH  U+2028, U+2029 and surrogates without their partner (four hex digits)
+//   \uHHHH  U+2028, U+2029 and surrogates without their partner (four hex digits);
+//          in the general form (mode 0) both halves of every pair too, so that the
+//          text holds no character outside the Basic Multilingual Plane
 // Every other character stays as it is. The encoding of a text is a function of the
 // text alone, so equal texts give equal encodings.
 #pragma once
