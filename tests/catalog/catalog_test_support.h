@@ -1,10 +1,12 @@
 // Shared helpers of the catalog tests: table lists as vectors, names quoted for each
-// backend (independent of the library's quoting), and a check that nothing was shown.
+// backend (independent of the library's quoting), a statement hook that records, and a
+// check that nothing was shown.
 #pragma once
 
 #include "support/backend_test.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
+#include "ostrel_hook.h"
 #include "tabra_catalog.h"
 #include "window/window_test_support.h"
 
@@ -54,6 +56,24 @@ inline std::u16string quoted(Backend backend, std::u16string_view name) {
     char16_t quote = backend == Backend::MariaDB ? u'`' : u'"';
     return quote + std::u16string(name) + quote;
 }
+
+// A host hook that records every statement and lets it run (or refuses all).
+struct RecordingHook {
+    explicit RecordingHook(bool allow = true) : allow(allow) {
+        Ostrel_SetStatementHook(
+            [](const char16_t *statement, void *context) -> int32_t {
+                auto *self = static_cast<RecordingHook *>(context);
+                self->statements.emplace_back(statement ? statement : u"");
+                return self->allow ? 1 : 0;
+            },
+            this);
+    }
+    ~RecordingHook() { Ostrel_SetStatementHook(nullptr, nullptr); }
+    RecordingHook(const RecordingHook &) = delete;
+    RecordingHook &operator=(const RecordingHook &) = delete;
+    bool allow;
+    std::vector<std::u16string> statements;
+};
 
 inline void expectNothingShown(const ScriptedRun &run) {
     EXPECT_FALSE(run.failed()) << run.report();

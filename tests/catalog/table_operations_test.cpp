@@ -8,24 +8,6 @@
 namespace tabra::test {
 namespace {
 
-// A host hook that records every statement and lets it run (or refuses all).
-struct RecordingHook {
-    explicit RecordingHook(bool allow = true) : allow(allow) {
-        Ostrel_SetStatementHook(
-            [](const char16_t *statement, void *context) -> int32_t {
-                auto *self = static_cast<RecordingHook *>(context);
-                self->statements.emplace_back(statement ? statement : u"");
-                return self->allow ? 1 : 0;
-            },
-            this);
-    }
-    ~RecordingHook() { Ostrel_SetStatementHook(nullptr, nullptr); }
-    RecordingHook(const RecordingHook &) = delete;
-    RecordingHook &operator=(const RecordingHook &) = delete;
-    bool allow;
-    std::vector<std::u16string> statements;
-};
-
 class TableOperationsTest : public BackendTest {
 protected:
     void createOrders(const OdbcConnection &connection) {
