@@ -100,6 +100,7 @@ void saveMask(HWND dialog) {
 extern "C" INT_PTR EditSelDesc_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         auto *parameters = reinterpret_cast<SelectionDialogParameters *>(lParam);
+        if (parameters == nullptr) return TRUE; // not opened by Tabra_Edit_SelDesc: stays inert
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         LTS_TranslateDialog(dialog, tabra::module::kTranslationModuleName, 0);
         std::u16string descriptor = readBounded(parameters->selDesc, parameters->selDescChars);
