@@ -12,7 +12,8 @@ namespace {
 
 // The three text queries share one pattern. The length goes to the driver as its
 // buffer length, which ODBC counts in bytes: at most half of the caller's buffer is
-// used, and nothing can overflow.
+// used, and nothing can overflow. The answer is always terminated within that half,
+// also when a driver cuts it without a terminator or fails (then it is empty).
 void readTextInfo(SQLHDBC connection, SQLUSMALLINT code, char16_t *buffer, int32_t length, SQLRETURN *result) {
     if (buffer == nullptr || length < 1) return;
     if (connection == SQL_NULL_HDBC) {
@@ -21,7 +22,10 @@ void readTextInfo(SQLHDBC connection, SQLUSMALLINT code, char16_t *buffer, int32
     }
     SQLSMALLINT scratch = 0;
     SQLSMALLINT byteLength = static_cast<SQLSMALLINT>(length > 0x7FFF ? 0x7FFF : length);
+    buffer[0] = u'\0';
     SQLRETURN rc = SQLGetInfoW(connection, code, buffer, byteLength, &scratch);
+    if (!SQL_SUCCEEDED(rc)) buffer[0] = u'\0';
+    buffer[byteLength / 2 > 0 ? byteLength / 2 - 1 : 0] = u'\0';
     if (result != nullptr) *result = rc;
 }
 
