@@ -4,7 +4,7 @@
 #include "ostrel_ui.h"
 #include "platform/window/focus.h"
 #include "platform/window/renderer_selection.h"
-#include "platform/window/resource_strings.h"
+#include "platform/widgets/resource_strings.h"
 #include "platform/window/window_registry.h"
 
 #include <algorithm>

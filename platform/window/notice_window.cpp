@@ -5,7 +5,7 @@
 #include "ostrel_ui.h"
 #include "platform/window/dialog_creation.h"
 #include "platform/window/renderer_selection.h"
-#include "platform/window/resource_strings.h"
+#include "platform/widgets/resource_strings.h"
 #include "platform/window/window_lifetime.h"
 #include "platform/window/window_registry.h"
 

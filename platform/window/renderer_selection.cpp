@@ -1,7 +1,7 @@
 // The renderer choice, made once, at the first window the library shows.
 #include "platform/window/renderer_selection.h"
 
-#include "platform/window/scripted_renderer.h"
+#include "platform/script/scripted_renderer.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -7,7 +7,7 @@
 
 #ifdef TABRA_WITH_GTK
 
-#include "platform/window/scripted_renderer.h"
+#include "platform/script/scripted_renderer.h"
 
 #include <spawn.h>
 #include <sys/wait.h>

@@ -18,7 +18,7 @@
 // escapes \" \\ \n \r \t and \b (backspace). Words are case-insensitive. Anything
 // else (an unknown word, a missing or extra argument, an unterminated text) is an
 // error naming the line.
-#include "platform/window/script_parser.h"
+#include "platform/script/script_parser.h"
 
 #include "platform/text/utf_conversion.h"
 #include "tabra_window_constants.h"

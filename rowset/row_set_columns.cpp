@@ -1,5 +1,5 @@
 // Column types and names of row-set results.
-#include "catalog/row_set_columns.h"
+#include "rowset/row_set_columns.h"
 
 #include "catalog/result_column_attribute.h"
 #include "platform/text/bounded_text.h"

@@ -1,5 +1,5 @@
 // Writing fetched values into a row-set file's text.
-#include "catalog/row_set_value_writer.h"
+#include "rowset/row_set_value_writer.h"
 
 #include "ostrel.h"
 #include "platform/dates/date_writing.h"

@@ -1,5 +1,5 @@
 // Progress of a row-set file.
-#include "catalog/row_set_progress.h"
+#include "rowset/row_set_progress.h"
 
 #include "core/diagnostics/message_ids.h"
 #include "core/module/module_state.h"

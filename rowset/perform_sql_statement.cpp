@@ -1,5 +1,5 @@
 // Running a statement for its effect.
-#include "catalog/row_set_statement.h"
+#include "rowset/row_set_statement.h"
 #include "ostrel.h"
 #include "tabra_rowset.h"
 

@@ -5,7 +5,7 @@
 #include "platform/text/bounded_text.h"
 #include "platform/window/focus.h"
 #include "platform/window/renderer_selection.h"
-#include "platform/window/resource_strings.h"
+#include "platform/widgets/resource_strings.h"
 #include "platform/window/window_registry.h"
 
 #include <vector>

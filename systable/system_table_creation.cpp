@@ -1,6 +1,6 @@
 // Creating the system table, with a value column whose type suits the database: the
 // store's values are long texts, and each product names such a column differently.
-#include "catalog/system_table.h"
+#include "systable/system_table.h"
 #include "tabra_catalog.h"
 #include "tabra_connection.h"
 #include "tabra_rowset.h"

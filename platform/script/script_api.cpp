@@ -4,8 +4,8 @@
 #include "platform/text/bounded_text.h"
 #include "platform/text/utf_conversion.h"
 #include "platform/window/renderer_selection.h"
-#include "platform/window/script_parser.h"
-#include "platform/window/scripted_renderer.h"
+#include "platform/script/script_parser.h"
+#include "platform/script/scripted_renderer.h"
 
 #include <cstring>
 #include <fstream>

@@ -1,5 +1,5 @@
 // The scripted driver.
-#include "platform/window/scripted_renderer.h"
+#include "platform/script/scripted_renderer.h"
 
 #include "platform/text/case_folding.h"
 #include "platform/text/utf_conversion.h"

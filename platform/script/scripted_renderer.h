@@ -4,8 +4,8 @@
 #pragma once
 
 #include "platform/window/renderer.h"
-#include "platform/window/script_action.h"
-#include "platform/window/script_record.h"
+#include "platform/script/script_action.h"
+#include "platform/script/script_record.h"
 
 #include <deque>
 #include <map>

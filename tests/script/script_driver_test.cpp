@@ -1,8 +1,8 @@
 // The scripted driver: actions meet their prompts, a run that meets the wrong prompt
 // or runs dry fails at once and cleanly (never hangs), everything shown is recorded,
 // and the script text is checked line by line.
-#include "platform/window/script_parser.h"
-#include "window_test_support.h"
+#include "platform/script/script_parser.h"
+#include "window/window_test_support.h"
 
 #include <unistd.h>
 

@@ -1,6 +1,6 @@
 // Backslashes in string literals: standard SQL keeps them, the MySQL family (MySQL,
 // MariaDB) reads them as escapes by default. The server's own answer says which.
-#include "catalog/system_table_literal.h"
+#include "systable/system_table_literal.h"
 
 #include "platform/text/case_folding.h"
 #include "tabra_rowset.h"

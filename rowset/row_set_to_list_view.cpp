@@ -1,9 +1,9 @@
 // A statement's rows into a report list view: one item per row whose sub-items hold
 // the columns in order; with a key flag, column 1 becomes the item's parameter.
-#include "catalog/item_data_text.h"
+#include "rowset/item_data_text.h"
 #include "catalog/number_text.h"
-#include "catalog/row_set_reader.h"
-#include "catalog/row_set_statement.h"
+#include "rowset/row_set_reader.h"
+#include "rowset/row_set_statement.h"
 #include "catalog/wait_cursor.h"
 #include "ostrel.h"
 #include "tabra_rowset.h"

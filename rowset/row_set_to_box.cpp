@@ -1,9 +1,9 @@
 // A statement's rows into a list box or combo box: column 1 is the entry's text and a
 // second column, when there is one and it is not NULL, its item data.
-#include "catalog/item_data_text.h"
+#include "rowset/item_data_text.h"
 #include "catalog/number_text.h"
-#include "catalog/row_set_reader.h"
-#include "catalog/row_set_statement.h"
+#include "rowset/row_set_reader.h"
+#include "rowset/row_set_statement.h"
 #include "catalog/wait_cursor.h"
 #include "ostrel.h"
 #include "tabra_rowset.h"

@@ -1,8 +1,8 @@
 // Reading, writing and deleting the items of the system table. Every statement here
 // tolerates every failure, so the store never shows a message: a failure shows in the
 // result, or as a read that falls back to its default.
-#include "catalog/system_table.h"
-#include "catalog/system_table_literal.h"
+#include "systable/system_table.h"
+#include "systable/system_table_literal.h"
 #include "ostrel.h"
 #include "tabra_rowset.h"
 #include "tabra_systable.h"

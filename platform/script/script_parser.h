@@ -2,7 +2,7 @@
 // described at the top of script_parser.cpp and in include/tabra_script.h.
 #pragma once
 
-#include "platform/window/script_action.h"
+#include "platform/script/script_action.h"
 
 #include <optional>
 #include <string>

@@ -2,11 +2,11 @@
 // target only when the transfer succeeds (an abort by the user is a success with the
 // records written so far); any failure leaves no file behind and an existing file as
 // it was.
-#include "catalog/row_set_columns.h"
-#include "catalog/row_set_progress.h"
-#include "catalog/row_set_reader.h"
-#include "catalog/row_set_statement.h"
-#include "catalog/row_set_value_writer.h"
+#include "rowset/row_set_columns.h"
+#include "rowset/row_set_progress.h"
+#include "rowset/row_set_reader.h"
+#include "rowset/row_set_statement.h"
+#include "rowset/row_set_value_writer.h"
 #include "core/diagnostics/file_error_report.h"
 #include "ostrel.h"
 #include "platform/files/replacing_file.h"

@@ -1,6 +1,6 @@
 // Formatting the system table's statements: plain "%s" substitution, whole texts or
 // no statement at all.
-#include "catalog/system_table.h"
+#include "systable/system_table.h"
 
 namespace tabra::catalog {
 namespace {

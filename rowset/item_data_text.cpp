@@ -1,5 +1,5 @@
 // Text copies handed over as item data.
-#include "catalog/item_data_text.h"
+#include "rowset/item_data_text.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,7 +1,7 @@
 // The in-house box helpers on list boxes and combo boxes alike: filling from separated
 // lists (with item data, unique, sorted), adding, reading, finding, selecting, moving
 // and deleting entries, with bounded buffers.
-#include "window_test_support.h"
+#include "window/window_test_support.h"
 
 using namespace tabra::test;
 

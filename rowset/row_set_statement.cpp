@@ -1,5 +1,5 @@
 // Allocation, hook, execution and the column count of row-set statements.
-#include "catalog/row_set_statement.h"
+#include "rowset/row_set_statement.h"
 
 #include "catalog/result_column_attribute.h"
 #include "core/odbc/odbc_text.h"

@@ -1,5 +1,5 @@
 // Row-set values through SQLGetData.
-#include "catalog/row_set_reader.h"
+#include "rowset/row_set_reader.h"
 
 #include "platform/text/bounded_text.h"
 

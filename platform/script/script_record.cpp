@@ -1,5 +1,5 @@
 // Recorded events as readable report lines.
-#include "platform/window/script_record.h"
+#include "platform/script/script_record.h"
 
 #include "platform/text/utf_conversion.h"
 

@@ -1,5 +1,5 @@
 // String lookup for message boxes, notices and file dialogs.
-#include "platform/window/resource_strings.h"
+#include "platform/widgets/resource_strings.h"
 
 #include "ostrel_lts.h"
 #include "platform/resources/resource_module.h"
