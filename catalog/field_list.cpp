@@ -3,7 +3,7 @@
 // Two passes over the catalog: one counts the columns, one reads them into records.
 #include "catalog/bound_column.h"
 #include "catalog/catalog_calls.h"
-#include "core/diagnostics/message_ids.h"
+#include "core/resource_ids.h"
 #include "core/odbc/odbc_text.h"
 #include "core/odbc/statement_handle.h"
 #include "ostrel.h"
@@ -101,7 +101,7 @@ extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, i
     try {
         records.resize(total);
     } catch (const std::bad_alloc &) {
-        ShowMessage(tabra::message::kNoEnvironment, nullptr, nullptr, nullptr);
+        ShowMessage(tabra::core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
         return 2;
     }
 

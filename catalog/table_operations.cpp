@@ -1,5 +1,6 @@
 // Whole-table operations: dropping a table, renaming it by copy and drop, and finding
 // a table name that is still free.
+#include "catalog/resource_ids.h"
 #include "core/module/module_state.h"
 #include "core/odbc/odbc_text.h"
 #include "core/odbc/statement_handle.h"
@@ -23,8 +24,6 @@ constexpr int32_t kDropCapacity = 500;
 constexpr int32_t kRenameCapacity = 300;
 constexpr int32_t kPatternCapacity = 100;
 constexpr int32_t kStateCapacity = 50;
-constexpr int32_t kConfirmDropMessage = 1702;
-constexpr int32_t kWaitNotice = 427;
 constexpr int32_t kWaitNoticeTime = 30000;
 constexpr int32_t kAnswerYes = 6;
 
@@ -40,7 +39,7 @@ class WaitNotice {
 public:
     explicit WaitNotice(bool show) {
         if (show)
-            window_ = Ostrel_DisplayTempWind(tabra::module::resourceLibrary(), kWaitNotice, kWaitNoticeTime,
+            window_ = Ostrel_DisplayTempWind(tabra::module::resourceLibrary(), tabra::catalog::ids::kString.copyingTableNotice, kWaitNoticeTime,
                                              tabra::module::kMessageWindowColour);
     }
     WaitNotice(const WaitNotice &) = delete;
@@ -99,7 +98,7 @@ extern "C" int32_t Tabra_DeleteTableExtended(SQLHDBC connection, const char16_t 
                                              uint8_t flags) {
     if (connection == SQL_NULL_HDBC || Ostrel_IsBlankString(table)) return 2;
     if ((flags & TABRA_DELETE_NO_CONFIRM) == 0 &&
-        ShowMessage(kConfirmDropMessage, table, nullptr, nullptr) != kAnswerYes)
+        ShowMessage(tabra::catalog::ids::kMessage.confirmDropTable, table, nullptr, nullptr) != kAnswerYes)
         return 2;
     char16_t text[kDropCapacity];
     Tabra_SprintfSqlStatement(connection, text, kDropCapacity, u"DROP TABLE %t%.%t", schema, table, nullptr,

@@ -1,7 +1,8 @@
 // Editing the alias of a column-list entry: a small dialog whose edit field accepts
 // only the alias alphabet (letters, the digits 1 to 9 and "_"; never 0).
-#include "core/module/module_state.h"
+#include "core/dialogs/dialog.h"
 #include "ostrel.h"
+#include "query/resource_ids.h"
 #include "tabra_query.h"
 #include "tabra_window.h"
 
@@ -10,46 +11,39 @@
 
 namespace {
 
-constexpr int32_t kAliasDialogTemplate = 10006;
-constexpr int32_t kAliasField = 1033;
+using tabra::query::ids::kAliasDialog;
+
 constexpr int32_t kAliasCapacity = 100;
 constexpr int32_t kEntryCapacity = 200;
 constexpr std::u16string_view kAliasAlphabet = u"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ123456789_";
 
 bool isAliasText(std::u16string_view text) { return text.find_first_not_of(kAliasAlphabet) == std::u16string_view::npos; }
 
+// The dialog's state is the caller's alias buffer (kAliasCapacity characters), given
+// by its first character.
+void showAlias(HWND dialog, char16_t &alias) { SetDlgItemTextW(dialog, kAliasDialog.alias, &alias); }
+
+bool takeAlias(HWND dialog, char16_t &alias) {
+    GetDlgItemTextW(dialog, kAliasDialog.alias, &alias, kAliasCapacity);
+    return true;
+}
+
+// A typed character outside the alphabet beeps and is taken back.
+void refuseForeignCharacters(HWND dialog, char16_t &, int32_t) {
+    char16_t text[kAliasCapacity] = {};
+    GetDlgItemTextW(dialog, kAliasDialog.alias, text, kAliasCapacity);
+    if (isAliasText(text)) return;
+    MessageBeep(MB_SIMPLEBEEP);
+    SendMessageW(GetDlgItem(dialog, kAliasDialog.alias), WM_CHAR, 8, 0);
+}
+
+constexpr tabra::dialogs::Command<char16_t> kCommands[] = {{kAliasDialog.alias, EN_CHANGE, refuseForeignCharacters}};
+constexpr tabra::dialogs::Dialog<char16_t> kDialog{.initialise = showAlias, .accept = takeAlias, .commands = kCommands};
+
 } // namespace
 
 extern "C" INT_PTR EditAlias_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    auto *alias = reinterpret_cast<char16_t *>(GetWindowLongPtrW(dialog, DWLP_USER));
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        LTS_TranslateDialog(dialog, tabra::module::kTranslationModuleName, 0);
-        SetDlgItemTextW(dialog, kAliasField, reinterpret_cast<char16_t *>(lParam));
-        return 1;
-    }
-    if (alias == nullptr || message != WM_COMMAND) return 0;
-    switch (GetWmCommandId(wParam)) {
-    case IDOK:
-        GetDlgItemTextW(dialog, kAliasField, alias, kAliasCapacity);
-        EndDialog(dialog, IDOK);
-        return 1;
-    case IDCANCEL:
-        EndDialog(dialog, IDCANCEL);
-        return 1;
-    case kAliasField:
-        if (GetWmCommandNotif(wParam) == EN_CHANGE) {
-            char16_t text[kAliasCapacity] = {};
-            GetDlgItemTextW(dialog, kAliasField, text, kAliasCapacity);
-            if (!isAliasText(text)) {
-                MessageBeep(0xFFFFFFFFu);
-                SendMessageW(GetDlgItem(dialog, kAliasField), WM_CHAR, 8, 0);
-            }
-        }
-        return 1;
-    default:
-        return 0;
-    }
+    return kDialog.answer(dialog, message, wParam, lParam);
 }
 
 extern "C" int32_t Tabra_FieldsBox_EditAlias(HWND box, int32_t index) {
@@ -62,9 +56,7 @@ extern "C" int32_t Tabra_FieldsBox_EditAlias(HWND box, int32_t index) {
     std::u16string column = text.substr(0, std::min<size_t>(tab, 99));
     char16_t alias[kAliasCapacity] = {};
     if (tab != std::u16string::npos) OstrelCopyString(alias, text.substr(tab + 1, 99).c_str(), kAliasCapacity);
-    if (DialogBoxParamW(tabra::module::resourceLibrary(), kAliasDialogTemplate, GetActiveWindow(),
-                        EditAlias_Dialog_Callback, reinterpret_cast<LPARAM>(alias)) != IDOK)
-        return 2;
+    if (tabra::dialogs::runModal(kAliasDialog.id, EditAlias_Dialog_Callback, alias[0]) != IDOK) return 2;
     std::u16string rebuilt = column;
     if (alias[0] != u'\0') rebuilt += u"\t" + std::u16string(alias);
     Ostrel_DeleteBoxEntry(box, index);

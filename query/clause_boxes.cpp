@@ -4,6 +4,7 @@
 #include "ostrel.h"
 #include "query/clause_editing.h"
 #include "query/clause_items.h"
+#include "query/resource_ids.h"
 #include "query/wide_buffer.h"
 #include "tabra_query.h"
 #include "tabra_sqltext.h"
@@ -41,7 +42,7 @@ namespace tabra::query {
 
 std::u16string directionLabel(bool descending) {
     char16_t label[kLabelCapacity] = {};
-    tabra::module::LoadTranslatedString(tabra::module::resourceLibrary(), descending ? 1951 : 1950, label,
+    tabra::module::LoadTranslatedString(tabra::module::resourceLibrary(), descending ? ids::kString.descending : ids::kString.ascending, label,
                                         kLabelCapacity);
     return label;
 }

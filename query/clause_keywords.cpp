@@ -1,6 +1,7 @@
 // The clause keyword table and the top-level keyword scanner.
 #include "query/clause_keywords.h"
 
+#include "core/resource_ids.h"
 #include "tabra_connection.h"
 
 #include <array>
@@ -85,7 +86,7 @@ std::optional<size_t> findClauseKeyword(std::u16string_view statement, size_t fr
         if (c == u')') {
             if (depth == 0) {
                 std::u16string rest(statement.substr(i));
-                ShowMessage(1618, rest.c_str(), nullptr, nullptr);
+                ShowMessage(core::ids::kMessage.unbalancedParenthesis, rest.c_str(), nullptr, nullptr);
                 return std::nullopt;
             }
             --depth;

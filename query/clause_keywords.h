@@ -37,7 +37,7 @@ std::u16string upperKeyword(std::u16string_view word);
 // the position of its first letter. With a second keyword only the pair counts (blanks
 // between them); with no keyword any keyword of the table is a hit. Parentheses nest,
 // '...' and "..." are skipped (an unterminated one ends the search); a ")" at the top
-// level shows message 1618 with the rest of the statement and ends the search.
+// level shows the unbalanced-parenthesis message with the rest of the statement and ends the search.
 std::optional<size_t> findClauseKeyword(std::u16string_view statement, size_t from,
                                         std::u16string_view keyword, std::u16string_view secondKeyword);
 

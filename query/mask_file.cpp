@@ -2,6 +2,8 @@
 #include "query/mask_file.h"
 
 #include "core/diagnostics/file_error_report.h"
+#include "core/resource_ids.h"
+#include "query/resource_ids.h"
 #include "platform/text/utf_conversion.h"
 #include "tabra_connection.h"
 
@@ -52,7 +54,7 @@ std::optional<std::u16string> readMaskFile(const std::u16string &fileName) {
     try {
         text.assign(n + 1, u'\0');
     } catch (const std::bad_alloc &) {
-        ShowMessage(kOutOfMemoryMessage, fileName.c_str(), nullptr, nullptr);
+        ShowMessage(core::ids::kMessage.outOfMemory, fileName.c_str(), nullptr, nullptr);
         return std::nullopt;
     }
     // The bytes go to the start of the buffer; they fill its first half.
@@ -81,7 +83,7 @@ int32_t writeMaskFile(const std::u16string &fileName, std::u16string_view text) 
     whole = std::fclose(file.release()) == 0 && whole;
     if (!whole) {
         removeRegularFile(path);
-        ShowMessage(kMaskWriteMessage, fileName.c_str(), nullptr, nullptr);
+        ShowMessage(ids::kMessage.maskNotWritten, fileName.c_str(), nullptr, nullptr);
         return -1;
     }
     return 0;

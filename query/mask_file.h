@@ -10,19 +10,16 @@
 namespace tabra::query {
 
 inline constexpr std::u16string_view kMaskPrefix = u"OSTREL-SMS";
-inline constexpr int32_t kNotAMaskMessage = 1649;    // not a mask file, or unreadable (%1 the file)
-inline constexpr int32_t kMaskWriteMessage = 1650;   // the mask file was not written whole (%1)
-inline constexpr int32_t kOutOfMemoryMessage = 1600;
 
 // The text of the file: its n bytes read as UTF-16LE into n + 1 zeroed characters,
 // character n - 1 cleared when it is 26 (Ctrl-Z), the text ending at the first zero.
 // Nothing when the file cannot be opened or read (the caller tells the user); a
-// buffer that cannot be had shows message 1600 and gives nothing.
+// buffer that cannot be had shows the out-of-memory message and gives nothing.
 std::optional<std::u16string> readMaskFile(const std::u16string &fileName);
 
 // Writes text whole, two bytes per character. Returns 0, or -1 after showing the
-// file error for a file that cannot be created or message 1650 for a short write
-// (the partial file is removed).
+// file error for a file that cannot be created or the mask-not-written message for a
+// short write (the partial file is removed).
 int32_t writeMaskFile(const std::u16string &fileName, std::u16string_view text);
 
 } // namespace tabra::query

@@ -3,37 +3,41 @@
 // any-string wildcard, closing quote.
 #include "query/operator_tables.h"
 
+#include "query/resource_ids.h"
+
 #include <array>
 
 namespace tabra::query {
 
 namespace {
 
+using ids::kOperatorLabel;
+
 constexpr std::array<OperatorEntry, 17> kSelectionOperators{{
-    {101, u"BW", 0, 1904, u"%s LIKE %c%s%c%c"},
-    {108, u"CT", 0, 1905, u"%s LIKE %c%c%s%c%c"},
-    {109, u"IN", kNoValue, 1913, u"%s IS NULL"},
-    {110, u"NN", kNoValue, 1912, u"%s IS NOT NULL"},
-    {102, u"EQ", kLiteralValue, 1906, u"%s=%s"},
-    {103, u"NE", kLiteralValue, 1918, u"NOT %s = %s"},
-    {104, u"GT", kLiteralValue, 1910, u"%s > %s"},
-    {105, u"GE", kLiteralValue, 1908, u"%s >= %s"},
-    {106, u"LT", kLiteralValue, 1916, u"%s < %s"},
-    {107, u"LE", kLiteralValue, 1914, u"%s <= %s"},
-    {111, u"IL", kListValue, 1923, u"%s IN (%s)"},
-    {201, u"EQF", kColumnValue, 1907, u"%s=%s"},
-    {202, u"NEF", kColumnValue, 1919, u"NOT %s = %s"},
-    {203, u"GTF", kColumnValue, 1911, u"%s > %s"},
-    {204, u"GEF", kColumnValue, 1909, u"%s >= %s"},
-    {205, u"LTF", kColumnValue, 1917, u"%s < %s"},
-    {206, u"LEF", kColumnValue, 1915, u"%s <= %s"},
+    {101, u"BW", 0, kOperatorLabel.beginsWith, u"%s LIKE %c%s%c%c"},
+    {108, u"CT", 0, kOperatorLabel.contains, u"%s LIKE %c%c%s%c%c"},
+    {109, u"IN", kNoValue, kOperatorLabel.empty, u"%s IS NULL"},
+    {110, u"NN", kNoValue, kOperatorLabel.notEmpty, u"%s IS NOT NULL"},
+    {102, u"EQ", kLiteralValue, kOperatorLabel.equal, u"%s=%s"},
+    {103, u"NE", kLiteralValue, kOperatorLabel.notEqual, u"NOT %s = %s"},
+    {104, u"GT", kLiteralValue, kOperatorLabel.greater, u"%s > %s"},
+    {105, u"GE", kLiteralValue, kOperatorLabel.greaterOrEqual, u"%s >= %s"},
+    {106, u"LT", kLiteralValue, kOperatorLabel.less, u"%s < %s"},
+    {107, u"LE", kLiteralValue, kOperatorLabel.lessOrEqual, u"%s <= %s"},
+    {111, u"IL", kListValue, kOperatorLabel.oneOf, u"%s IN (%s)"},
+    {201, u"EQF", kColumnValue, kOperatorLabel.equalColumn, u"%s=%s"},
+    {202, u"NEF", kColumnValue, kOperatorLabel.notEqualColumn, u"NOT %s = %s"},
+    {203, u"GTF", kColumnValue, kOperatorLabel.greaterColumn, u"%s > %s"},
+    {204, u"GEF", kColumnValue, kOperatorLabel.greaterOrEqualColumn, u"%s >= %s"},
+    {205, u"LTF", kColumnValue, kOperatorLabel.lessColumn, u"%s < %s"},
+    {206, u"LEF", kColumnValue, kOperatorLabel.lessOrEqualColumn, u"%s <= %s"},
 }};
 
 constexpr std::array<OperatorEntry, 4> kAssignmentOperators{{
-    {300, u"SNU", kNoValue, 2167, u""},
-    {301, u"SCO", kLiteralValue, 2168, u""},
-    {302, u"SFI", kColumnValue, 2169, u""},
-    {303, u"SFO", 0, 2170, u""},
+    {300, u"SNU", kNoValue, kOperatorLabel.setNull, u""},
+    {301, u"SCO", kLiteralValue, kOperatorLabel.setValue, u""},
+    {302, u"SFI", kColumnValue, kOperatorLabel.setColumn, u""},
+    {303, u"SFO", 0, kOperatorLabel.setExpression, u""},
 }};
 
 } // namespace

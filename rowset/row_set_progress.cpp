@@ -1,8 +1,9 @@
 // Progress of a row-set file.
 #include "rowset/row_set_progress.h"
 
-#include "core/diagnostics/message_ids.h"
+#include "catalog/resource_ids.h"
 #include "core/module/module_state.h"
+#include "core/resource_ids.h"
 #include "ostrel_ui.h"
 #include "tabra_window.h"
 
@@ -37,9 +38,9 @@ std::u16string formatted(const char16_t *format, int32_t first, int32_t second) 
 
 RowSetProgress::RowSetProgress(bool show, int32_t expected) : expected_(expected) {
     if (!show || expected <= kShowAbove) return;
-    module::LoadTranslatedString(module::resourceLibrary(), message::kRowSetProgress, format_, 100);
+    module::LoadTranslatedString(module::resourceLibrary(), ids::kString.rowSetProgress, format_, 100);
     char16_t title[100] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), message::kCaption, title, 100);
+    module::LoadTranslatedString(module::resourceLibrary(), core::ids::kString.caption, title, 100);
     indicator_ = Ostrel_CreateProgressIndicatorExtended(GetActiveWindow(), title, formatted(format_, 0, expected).c_str(),
                                                         0, expected, 0);
 }

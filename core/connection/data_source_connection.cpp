@@ -1,15 +1,12 @@
 // Opening and closing a connection from a data source record. The caller owns the
 // environment and connection pair; a failed open always leaves both null.
 #include "core/odbc/odbc_text.h"
+#include "core/resource_ids.h"
 #include "tabra_connection.h"
 
 using tabra::odbc::sqlText;
 
 namespace {
-
-// Message identifiers of the resource library.
-constexpr int32_t kMessageNoEnvironment = 1600;
-constexpr int32_t kMessageNoDataSource = 1607;
 
 // An empty field reaches the driver as an absent value (a null pointer).
 const char16_t *fieldOrNull(const char16_t *field) { return field[0] == u'\0' ? nullptr : field; }
@@ -21,7 +18,7 @@ extern "C" int32_t Tabra_ConnectDataSource(const DataSourceInfo *record, SQLHENV
     if (record == nullptr || environment == nullptr || connection == nullptr) return -1;
     if (*environment != SQL_NULL_HENV && *connection != SQL_NULL_HDBC) return 0;
     if (record->DataSourceName[0] == u'\0') {
-        ShowMessage(kMessageNoDataSource, nullptr, nullptr, nullptr);
+        ShowMessage(tabra::core::ids::kMessage.noDataSource, nullptr, nullptr, nullptr);
         return -1;
     }
     Tabra_DisconnectDataSource(environment, connection);
@@ -36,7 +33,7 @@ extern "C" int32_t Tabra_ConnectDataSource(const DataSourceInfo *record, SQLHENV
     const char16_t *password = fieldOrNull(fields.Password);
 
     if (SQLAllocEnv(environment) != SQL_SUCCESS) {
-        ShowMessage(kMessageNoEnvironment, nullptr, nullptr, nullptr);
+        ShowMessage(tabra::core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
         Tabra_DisconnectDataSource(environment, connection);
         return -1;
     }

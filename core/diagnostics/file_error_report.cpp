@@ -1,8 +1,8 @@
 // File errors shown through the in-house error handler.
 #include "core/diagnostics/file_error_report.h"
 
-#include "core/diagnostics/message_ids.h"
 #include "core/module/module_state.h"
+#include "core/resource_ids.h"
 #include "ostrel_ui.h"
 
 #include <cerrno>
@@ -20,7 +20,7 @@ int32_t fileErrorCode(int errorNumber) {
 }
 
 void reportFileError(int errorNumber, const char16_t *fileName) {
-    Ostrel_ErrorHandler(module::resourceLibrary(), message::kFileErrorCaption, fileErrorCode(errorNumber), fileName);
+    Ostrel_ErrorHandler(module::resourceLibrary(), core::ids::kString.fileErrorCaption, fileErrorCode(errorNumber), fileName);
 }
 
 } // namespace tabra::diagnostics

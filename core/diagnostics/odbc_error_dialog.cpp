@@ -2,9 +2,9 @@
 // the bracketed parts of the message, with the statement that failed. Every ODBC
 // failure of the library reaches the user through here, modally, at the place where
 // it happened.
-#include "core/diagnostics/message_ids.h"
-#include "core/module/module_state.h"
+#include "core/dialogs/dialog.h"
 #include "core/odbc/odbc_text.h"
+#include "core/resource_ids.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
 #include "tabra_window.h"
@@ -14,16 +14,7 @@
 
 namespace {
 
-constexpr int32_t kErrorDialogTemplate = 10025;
-
-// Controls of the error dialog.
-constexpr int32_t kVendorField = 2140;
-constexpr int32_t kComponentField = 2141;
-constexpr int32_t kDataSourceField = 1006;
-constexpr int32_t kStateField = 2139;
-constexpr int32_t kMessageField = 2144;
-constexpr int32_t kStatementField = 1014;
-constexpr int32_t kFurtherMessageButton = 1003;
+using tabra::core::ids::kErrorDialog;
 
 constexpr size_t kPartCapacity = 300; // one bracketed part, terminator included
 constexpr SQLSMALLINT kMessageLength = 2999;
@@ -78,61 +69,51 @@ bool showDiagnostic(HWND dialog, ErrorDialogRequest &request) {
     std::u16string dataSource;
     if (text.find(u']', cursor) != std::u16string_view::npos) dataSource = takeBracketedPart(text, cursor);
 
-    SetDlgItemTextW(dialog, kVendorField, vendor.c_str());
-    SetDlgItemTextW(dialog, kComponentField, component.c_str());
-    SetDlgItemTextW(dialog, kDataSourceField, dataSource.c_str());
-    SetDlgItemTextW(dialog, kStateField, state);
-    SetDlgItemTextW(dialog, kMessageField, std::u16string(text.substr(cursor)).c_str());
-    if (isOptionValueChanged(state)) request.furtherMessage = tabra::message::kOptionValueChanged;
+    SetDlgItemTextW(dialog, kErrorDialog.vendor, vendor.c_str());
+    SetDlgItemTextW(dialog, kErrorDialog.component, component.c_str());
+    SetDlgItemTextW(dialog, kErrorDialog.dataSource, dataSource.c_str());
+    SetDlgItemTextW(dialog, kErrorDialog.state, state);
+    SetDlgItemTextW(dialog, kErrorDialog.message, std::u16string(text.substr(cursor)).c_str());
+    if (isOptionValueChanged(state)) request.furtherMessage = tabra::core::ids::kMessage.optionValueChanged;
     return true;
 }
+
+// A handle without a diagnostic record has nothing to show: the dialog ends at once
+// with OK.
+void initialise(HWND dialog, ErrorDialogRequest &request) {
+    if (!showDiagnostic(dialog, request)) {
+        EndDialog(dialog, IDOK);
+        return;
+    }
+    SetDlgItemTextW(dialog, kErrorDialog.statement, request.statementText ? request.statementText : u"");
+    ShowWindow(GetDlgItem(dialog, kErrorDialog.furtherMessage), request.furtherMessage != 0 ? SW_SHOW : SW_HIDE);
+}
+
+void showFurtherMessage(HWND, ErrorDialogRequest &request, int32_t) {
+    if (request.furtherMessage != 0) ShowMessage(request.furtherMessage, nullptr, nullptr, nullptr);
+}
+
+constexpr tabra::dialogs::Command<ErrorDialogRequest> kCommands[] = {
+    {kErrorDialog.furtherMessage, tabra::dialogs::kAnyNotification, showFurtherMessage},
+};
+constexpr tabra::dialogs::Dialog<ErrorDialogRequest> kDialog{.initialise = initialise, .commands = kCommands};
 
 int32_t showErrorDialog(int16_t handleType, SQLHANDLE handle, const char16_t *statementText) {
     ErrorDialogRequest request;
     request.handleType = handleType;
     request.handle = handle;
     request.statementText = statementText;
-    INT_PTR result = DialogBoxParamW(tabra::module::resourceLibrary(), kErrorDialogTemplate, GetActiveWindow(),
-                                     DisplayOdbcErrorCallback, reinterpret_cast<LPARAM>(&request));
-    return result == IDOK ? 1 : 2;
+    return tabra::dialogs::runModal(kErrorDialog.id, DisplayOdbcErrorCallback, request) == IDOK ? 1 : 2;
 }
 
 } // namespace
 
 extern "C" INT_PTR DisplayOdbcErrorCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_INITDIALOG: {
-        auto *request = reinterpret_cast<ErrorDialogRequest *>(lParam);
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        LTS_TranslateDialog(dialog, tabra::module::kTranslationModuleName, 0);
-        if (request == nullptr || !showDiagnostic(dialog, *request)) {
-            EndDialog(dialog, IDOK);
-            return 1;
-        }
-        SetDlgItemTextW(dialog, kStatementField, request->statementText ? request->statementText : u"");
-        ShowWindow(GetDlgItem(dialog, kFurtherMessageButton), request->furtherMessage != 0 ? SW_SHOW : SW_HIDE);
-        return 1;
+    if (message == WM_INITDIALOG && lParam == 0) { // no request: nothing to show
+        EndDialog(dialog, IDOK);
+        return TRUE;
     }
-    case WM_COMMAND: {
-        auto *request = reinterpret_cast<ErrorDialogRequest *>(GetWindowLongPtrW(dialog, DWLP_USER));
-        switch (GetWmCommandId(wParam)) {
-        case IDOK:
-            EndDialog(dialog, IDOK);
-            return 1;
-        case IDCANCEL:
-            EndDialog(dialog, IDCANCEL);
-            return 1;
-        case kFurtherMessageButton:
-            if (request != nullptr && request->furtherMessage != 0)
-                ShowMessage(request->furtherMessage, nullptr, nullptr, nullptr);
-            return 1;
-        default:
-            return 0;
-        }
-    }
-    default:
-        return 0;
-    }
+    return kDialog.answer(dialog, message, wParam, lParam);
 }
 
 extern "C" int32_t Tabra_DisplayErrorHenv(SQLHENV environment) {

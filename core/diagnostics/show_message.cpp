@@ -1,11 +1,13 @@
 // The library's own messages: a string of the resource library with up to three
 // inserted texts, shown modally with the library's caption.
-#include "core/diagnostics/message_ids.h"
 #include "core/module/module_state.h"
+#include "core/resource_ids.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
 
 namespace {
+
+using tabra::core::ids::kMessage;
 
 constexpr uint32_t kDefaultMessageCode = 0x8004A000u;
 
@@ -16,8 +18,11 @@ struct MessageCode {
 
 // Message codes by string identifier, ended by a zero pair.
 constexpr MessageCode kMessageCodes[] = {
-    {1600, 0x8004A014u}, {1601, 0x8004A015u}, {1602, 0x8004A015u}, {1607, 0x8004A02Eu}, {1615, 0x8004A01Fu},
-    {1618, 0x8004A031u}, {1613, 0x8004A033u}, {1614, 0x8004A034u}, {0, 0},
+    {kMessage.outOfMemory, 0x8004A014u},    {kMessage.sdiFileInvalid, 0x8004A015u},
+    {kMessage.fileFormat, 0x8004A015u},     {kMessage.noDataSource, 0x8004A02Eu},
+    {kMessage.fileNotOpened, 0x8004A01Fu},  {kMessage.unbalancedParenthesis, 0x8004A031u},
+    {kMessage.fileNotRead, 0x8004A033u},    {kMessage.fileNotWritten, 0x8004A034u},
+    {0, 0},
 };
 
 // Key lookup in a zero-terminated pair table, with a default.
@@ -33,7 +38,7 @@ extern "C" int32_t ShowMessage(int32_t stringId, const char16_t *argument1, cons
                                const char16_t *argument3) {
     OstrelMessageBoxRequest request{};
     request.module = tabra::module::resourceLibrary();
-    request.captionId = tabra::message::kCaption;
+    request.captionId = tabra::core::ids::kString.caption;
     request.textId = stringId;
     request.translationModule = tabra::module::kTranslationModuleName;
     request.insert1 = argument1;

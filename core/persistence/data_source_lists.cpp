@@ -1,6 +1,6 @@
 // Filling list boxes with the data sources the driver manager knows and with the
 // schemas of a connection that own tables.
-#include "core/diagnostics/message_ids.h"
+#include "core/resource_ids.h"
 #include "core/odbc/odbc_text.h"
 #include "core/odbc/statement_handle.h"
 #include "ostrel.h"
@@ -20,7 +20,7 @@ extern "C" int32_t Tabra_FillDataSourcesBox(HWND list) {
     Ostrel_FillBox(list, u'\t', nullptr);
     SQLHENV environment = SQL_NULL_HENV;
     if (SQLAllocEnv(&environment) != SQL_SUCCESS) {
-        ShowMessage(tabra::message::kNoEnvironment, nullptr, nullptr, nullptr);
+        ShowMessage(tabra::core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
         return 2;
     }
     char16_t name[kNameBytes] = {};

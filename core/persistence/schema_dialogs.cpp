@@ -1,6 +1,6 @@
 // Choosing a schema, alone or together with a data source and its login.
-#include "core/module/module_state.h"
-#include "core/persistence/picker_dialog.h"
+#include "core/dialogs/dialog.h"
+#include "core/resource_ids.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
 #include "tabra_window.h"
@@ -9,18 +9,10 @@
 
 namespace {
 
-constexpr int32_t kSchemaDialogTemplate = 10056;
-constexpr int32_t kSchemaList = 2010;
-constexpr int32_t kSchemaField = 2011;
-constexpr int32_t kSchemaCapacity = 100;
+using tabra::core::ids::kDataSourceAndSchemaDialog;
+using tabra::core::ids::kSchemaDialog;
 
-constexpr int32_t kCombinedDialogTemplate = 10060;
-constexpr int32_t kDataSourceNameField = 1014;
-constexpr int32_t kUserField = 1015;
-constexpr int32_t kPasswordField = 1016;
-constexpr int32_t kCombinedSchemaField = 2014;
-constexpr int32_t kDataSourceButton = 1145;
-constexpr int32_t kSchemaButton = 1147;
+constexpr int32_t kSchemaCapacity = 100;
 
 struct SchemaDialogState {
     SQLHDBC connection = SQL_NULL_HDBC;
@@ -34,38 +26,37 @@ struct CombinedDialogState {
     char16_t schema[kSchemaCapacity] = {};
 };
 
-void translate(HWND dialog) { LTS_TranslateDialog(dialog, tabra::module::kTranslationModuleName, 0); }
-
-} // namespace
-
-namespace {
-
 void initialiseSchemaDialog(HWND dialog, SchemaDialogState &state) {
-    translate(dialog);
-    HWND list = GetDlgItem(dialog, kSchemaList);
+    HWND list = GetDlgItem(dialog, kSchemaDialog.schemas);
     Tabra_FillSchemataBox(state.connection, list);
     int32_t found = Ostrel_FindBoxEntry(list, state.schema, 0, 0);
     if (found >= 0) Ostrel_SetBoxIndex(list, found);
-    SetDlgItemTextW(dialog, kSchemaField, state.schema);
+    SetDlgItemTextW(dialog, kSchemaDialog.schema, state.schema);
 }
 
-void showChosenSchema(HWND dialog, SchemaDialogState &) {
+void showChosenSchema(HWND dialog, SchemaDialogState &, int32_t) {
     char16_t chosen[kSchemaCapacity] = {};
-    if (Ostrel_GetBoxEntry(GetDlgItem(dialog, kSchemaList), -1, chosen, kSchemaCapacity) >= 0)
-        SetDlgItemTextW(dialog, kSchemaField, chosen);
+    if (Ostrel_GetBoxEntry(GetDlgItem(dialog, kSchemaDialog.schemas), -1, chosen, kSchemaCapacity) >= 0)
+        SetDlgItemTextW(dialog, kSchemaDialog.schema, chosen);
 }
 
-void acceptSchema(HWND dialog, SchemaDialogState &state) {
-    GetDlgItemTextW(dialog, kSchemaField, state.schema, kSchemaCapacity);
-    EndDialog(dialog, IDOK);
+bool acceptSchema(HWND dialog, SchemaDialogState &state) {
+    GetDlgItemTextW(dialog, kSchemaDialog.schema, state.schema, kSchemaCapacity);
+    return true;
 }
+
+constexpr tabra::dialogs::Command<SchemaDialogState> kSchemaCommands[] = {
+    {kSchemaDialog.schemas, LBN_SELCHANGE, showChosenSchema},
+};
+constexpr tabra::dialogs::Dialog<SchemaDialogState> kSchemaPicker{.initialise = initialiseSchemaDialog,
+                                                                  .accept = acceptSchema,
+                                                                  .commands = kSchemaCommands,
+                                                                  .doubleClick = {kSchemaDialog.schemas}};
 
 } // namespace
 
 extern "C" INT_PTR SelectSchemaDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    static constexpr tabra::persistence::PickerDialog<SchemaDialogState> picker{initialiseSchemaDialog, acceptSchema,
-                                                                               kSchemaList, showChosenSchema};
-    return tabra::persistence::answerPickerMessage(picker, dialog, message, wParam, lParam);
+    return kSchemaPicker.answer(dialog, message, wParam, lParam);
 }
 
 extern "C" int32_t Tabra_SelectDbaseSchema(HWND owner, SQLHDBC connection, char16_t *schema) {
@@ -73,9 +64,7 @@ extern "C" int32_t Tabra_SelectDbaseSchema(HWND owner, SQLHDBC connection, char1
     char16_t working[kSchemaCapacity];
     OstrelCopyString(working, schema, kSchemaCapacity);
     SchemaDialogState state{connection, working};
-    INT_PTR result = DialogBoxParamW(tabra::module::resourceLibrary(), kSchemaDialogTemplate, owner,
-                                     SelectSchemaDialog_Callback, reinterpret_cast<LPARAM>(&state));
-    if (result != IDOK) return 2;
+    if (tabra::dialogs::runModal(kSchemaDialog.id, SelectSchemaDialog_Callback, state, owner) != IDOK) return 2;
     OstrelCopyString(schema, working, kSchemaCapacity);
     return 1;
 }
@@ -85,13 +74,13 @@ namespace {
 // Shows the record and enables the schema controls only while the connection knows
 // schemas.
 void showCombinedState(HWND dialog, const CombinedDialogState &state) {
-    SetDlgItemTextW(dialog, kDataSourceNameField, state.record.DataSourceName);
-    SetDlgItemTextW(dialog, kUserField, state.record.UserId);
-    SetDlgItemTextW(dialog, kPasswordField, state.record.Password);
-    SetDlgItemTextW(dialog, kCombinedSchemaField, state.schema);
+    SetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.dataSource, state.record.DataSourceName);
+    SetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.user, state.record.UserId);
+    SetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.password, state.record.Password);
+    SetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.schema, state.schema);
     bool schemas = state.connection != SQL_NULL_HDBC && Tabra_GetSchemaUsage(state.connection) != 0;
-    EnableWindow(GetDlgItem(dialog, kCombinedSchemaField), schemas);
-    EnableWindow(GetDlgItem(dialog, kSchemaButton), schemas);
+    EnableWindow(GetDlgItem(dialog, kDataSourceAndSchemaDialog.schema), schemas);
+    EnableWindow(GetDlgItem(dialog, kDataSourceAndSchemaDialog.chooseSchema), schemas);
 }
 
 void reconnect(CombinedDialogState &state) {
@@ -105,40 +94,39 @@ void reconnect(CombinedDialogState &state) {
 namespace {
 
 void initialiseCombinedDialog(HWND dialog, CombinedDialogState &state) {
-    translate(dialog);
     reconnect(state);
     showCombinedState(dialog, state);
 }
 
-void acceptCombined(HWND dialog, CombinedDialogState &state) {
-    GetDlgItemTextW(dialog, kCombinedSchemaField, state.schema, kSchemaCapacity);
-    EndDialog(dialog, IDOK);
+bool acceptCombined(HWND dialog, CombinedDialogState &state) {
+    GetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.schema, state.schema, kSchemaCapacity);
+    return true;
 }
 
 // The buttons that open the data source dialog and the schema dialog over this one.
-bool combinedCommand(HWND dialog, CombinedDialogState &state, int32_t id) {
-    if (id == kDataSourceButton) {
-        if (Tabra_DataSourceDialog(&state.record) == 1) {
-            reconnect(state);
-            showCombinedState(dialog, state);
-        }
-        return true;
-    }
-    if (id == kSchemaButton) {
-        GetDlgItemTextW(dialog, kCombinedSchemaField, state.schema, kSchemaCapacity);
-        if (Tabra_SelectDbaseSchema(dialog, state.connection, state.schema) == 1)
-            SetDlgItemTextW(dialog, kCombinedSchemaField, state.schema);
-        return true;
-    }
-    return false;
+void chooseDataSource(HWND dialog, CombinedDialogState &state, int32_t) {
+    if (Tabra_DataSourceDialog(&state.record) != 1) return;
+    reconnect(state);
+    showCombinedState(dialog, state);
 }
+
+void chooseSchema(HWND dialog, CombinedDialogState &state, int32_t) {
+    GetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.schema, state.schema, kSchemaCapacity);
+    if (Tabra_SelectDbaseSchema(dialog, state.connection, state.schema) == 1)
+        SetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.schema, state.schema);
+}
+
+constexpr tabra::dialogs::Command<CombinedDialogState> kCombinedCommands[] = {
+    {kDataSourceAndSchemaDialog.chooseDataSource, tabra::dialogs::kAnyNotification, chooseDataSource},
+    {kDataSourceAndSchemaDialog.chooseSchema, tabra::dialogs::kAnyNotification, chooseSchema},
+};
+constexpr tabra::dialogs::Dialog<CombinedDialogState> kCombinedDialog{
+    .initialise = initialiseCombinedDialog, .accept = acceptCombined, .commands = kCombinedCommands};
 
 } // namespace
 
 extern "C" INT_PTR DsAndSchemaDialogCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    static constexpr tabra::persistence::PickerDialog<CombinedDialogState> picker{
-        initialiseCombinedDialog, acceptCombined, 0, nullptr, combinedCommand};
-    return tabra::persistence::answerPickerMessage(picker, dialog, message, wParam, lParam);
+    return kCombinedDialog.answer(dialog, message, wParam, lParam);
 }
 
 extern "C" int32_t Tabra_DataSourceAndSchemaDialog(HWND owner, DataSourceInfo *record, char16_t *schema,
@@ -148,8 +136,7 @@ extern "C" int32_t Tabra_DataSourceAndSchemaDialog(HWND owner, DataSourceInfo *r
     state.record = *record;
     state.record.DataSourceName[99] = state.record.UserId[49] = state.record.Password[49] = u'\0';
     if (schema != nullptr && schemaSize >= 1) OstrelCopyString(state.schema, schema, std::min(schemaSize, kSchemaCapacity));
-    INT_PTR result = DialogBoxParamW(tabra::module::resourceLibrary(), kCombinedDialogTemplate, owner,
-                                     DsAndSchemaDialogCallback, reinterpret_cast<LPARAM>(&state));
+    INT_PTR result = tabra::dialogs::runModal(kDataSourceAndSchemaDialog.id, DsAndSchemaDialogCallback, state, owner);
     Tabra_DisconnectDataSource(&state.environment, &state.connection);
     if (result != IDOK) return 2;
     *record = state.record;
