@@ -1,6 +1,6 @@
 // Resource identifiers shared by the administration dialogs (subsystem 6); each tool's
 // own templates, controls and strings go into admin/<tool>/resource_ids.h. Their texts
-// are in resources/<language>/admin.rc; the pattern is described in
+// are in resources/<language>/tabraRes-admin.rc; the pattern is described in
 // core/resource_ids.h.
 #pragma once
 

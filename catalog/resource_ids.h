@@ -1,6 +1,6 @@
 // Resource identifiers of subsystem 3 (catalog, table operations, row-set transfer,
 // system table): its strings and messages. Their texts are in
-// resources/<language>/catalog.rc; the pattern is described in core/resource_ids.h.
+// resources/<language>/tabraRes-catalog.rc; the pattern is described in core/resource_ids.h.
 #pragma once
 
 #include <cstdint>

@@ -3,14 +3,15 @@
 // library's messages. Their texts are in resources/<language>/tabraRes.rc.
 //
 // Every family of the library has one such header, and every id of the family is
-// spelled here and nowhere else, in code or in tests:
-//   core/resource_ids.h                  subsystem 1          resources/<language>/tabraRes.rc
-//   catalog/resource_ids.h               subsystem 3          catalog.rc
-//   query/resource_ids.h                 subsystem 4          query.rc
-//   wizards/resource_ids.h               shared by the wizards                    wizards.rc
-//   wizards/<wizard>/resource_ids.h      one wizard           wizards-<wizard>.rc
-//   admin/resource_ids.h                 shared by the administration dialogs     admin.rc
-//   admin/<tool>/resource_ids.h          one tool             admin-<tool>.rc
+// spelled there and nowhere else, in code or in tests. Each family's texts are in a
+// script of its own in every language folder resources/<language>/:
+//   core/resource_ids.h              subsystem 1                      tabraRes.rc
+//   catalog/resource_ids.h           subsystem 3                      tabraRes-catalog.rc
+//   query/resource_ids.h             subsystem 4                      tabraRes-query.rc
+//   wizards/resource_ids.h           shared by the data wizards       tabraRes-wizards.rc
+//   wizards/<wizard>/resource_ids.h  one wizard                       tabraRes-wizards-<wizard>.rc
+//   admin/resource_ids.h             shared by the administration     tabraRes-admin.rc
+//   admin/<tool>/resource_ids.h      one administration tool          tabraRes-admin-<tool>.rc
 // Messages shown by more than one family, and those the message routine knows by
 // code, live here. Win32-style ids shared by all dialogs (IDOK, IDCANCEL, IDHELP, ...)
 // stay in tabra_window_constants.h.

@@ -1,6 +1,6 @@
 // Resource identifiers of subsystem 4 (selection descriptors, clause editing, query
 // designer, view editor, select statement wizard): its dialog templates with their
-// controls, strings and messages. Their texts are in resources/<language>/query.rc;
+// controls, strings and messages. Their texts are in resources/<language>/tabraRes-query.rc;
 // the pattern is described in core/resource_ids.h.
 #pragma once
 

@@ -1,6 +1,6 @@
 // Resource identifiers shared by the data wizards (subsystem 5); each wizard's own
 // templates, controls and strings go into wizards/<wizard>/resource_ids.h. Their texts
-// are in resources/<language>/wizards.rc; the pattern is described in
+// are in resources/<language>/tabraRes-wizards.rc; the pattern is described in
 // core/resource_ids.h.
 #pragma once
 

@@ -14,7 +14,7 @@ using namespace tabra::platform;
 
 extern "C" HMODULE Ostrel_LoadResourceLibrary(const char16_t *path) {
     if (path == nullptr || path[0] == u'\0') return nullptr;
-    return loadResourceScriptFile(toUtf8(path));
+    return loadResourceLibraryFile(toUtf8(path));
 }
 
 extern "C" int32_t Ostrel_FreeResourceLibrary(HMODULE module) {

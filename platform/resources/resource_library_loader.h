@@ -1,10 +1,11 @@
 // Finding and loading the resource library for the user-interface language.
 //
-// The library looks for its resource script (tabraRes.rc) in language folders beside
-// its own file: directory + name + "/" + file for the locale name, then the short
-// name, then "en" (an empty name gives directory + "/" + file, which the file system
-// reads as the directory itself). The first candidate that exists is loaded; when
-// none exists the user is told, once, with the path in the "en" folder.
+// The library looks for its main resource script (tabraRes.rc) in language folders
+// beside its own file: directory + name + "/" + file for the locale name, then the
+// short name, then "en" (an empty name gives directory + "/" + file, which the file
+// system reads as the directory itself). The first candidate that exists is loaded,
+// with the family scripts beside it (resource_script_file.h); when none exists the
+// user is told, once, with the path in the "en" folder.
 //
 // The environment variable TABRA_RESOURCE_DIR, when set and not empty, replaces the
 // library's own directory (tests and uninstalled builds use it).

@@ -1,9 +1,11 @@
-// Loading resource script files.
+// Loading resource libraries from their script files.
 #include "platform/resources/resource_script_file.h"
 
 #include "platform/resources/resource_script_parser.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -18,26 +20,43 @@ std::optional<std::string> readWholeFile(const std::string &path) {
     return std::move(content).str();
 }
 
-std::unique_ptr<ResourceModule> readResourceScriptFile(const std::string &path, std::string &error) {
-    std::optional<std::string> script = readWholeFile(path);
-    if (!script) {
-        error = path + ": cannot be read";
-        return nullptr;
+std::vector<std::string> resourceScriptsOf(const std::string &mainPath) {
+    namespace fs = std::filesystem;
+    fs::path main(mainPath);
+    std::string prefix = main.stem().string() + "-";
+    std::vector<std::string> family;
+    std::error_code failed, notAFile;
+    fs::path folder = main.parent_path().empty() ? fs::path(".") : main.parent_path();
+    for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end; entry.increment(failed)) {
+        std::string name = entry->path().filename().string();
+        if (name.size() > prefix.size() + 3 && name.starts_with(prefix) && name.ends_with(".rc") &&
+            entry->is_regular_file(notAFile))
+            family.push_back((main.parent_path() / name).string());
     }
-    ResourceScriptParse parsed = parseResourceScript(*script, path);
-    if (!parsed.tables) {
-        error = std::move(parsed.error);
-        return nullptr;
-    }
+    std::sort(family.begin(), family.end());
+    family.insert(family.begin(), mainPath);
+    return family;
+}
+
+std::unique_ptr<ResourceModule> readResourceLibrary(const std::string &mainPath, std::string &error) {
     auto module = std::make_unique<ResourceModule>();
-    module->path = path;
-    module->tables = std::move(*parsed.tables);
+    module->path = mainPath;
+    ResourceOrigins origins;
+    for (const std::string &path : resourceScriptsOf(mainPath)) {
+        std::optional<std::string> script = readWholeFile(path);
+        if (!script) {
+            error = path + ": cannot be read";
+            return nullptr;
+        }
+        error = parseResourceScriptInto(*script, path, module->tables, origins);
+        if (!error.empty()) return nullptr;
+    }
     return module;
 }
 
-HMODULE loadResourceScriptFile(const std::string &path) {
+HMODULE loadResourceLibraryFile(const std::string &mainPath) {
     std::string error;
-    std::unique_ptr<ResourceModule> module = readResourceScriptFile(path, error);
+    std::unique_ptr<ResourceModule> module = readResourceLibrary(mainPath, error);
     if (!module) {
         std::fprintf(stderr, "tabra: resource library not loaded: %s\n", error.c_str());
         return nullptr;

@@ -99,9 +99,11 @@ bool equalsIgnoringCase(std::u16string_view a, std::string_view b) {
 
 class ResourceScriptParser {
 public:
-    explicit ResourceScriptParser(std::string_view script) : lexer_(script) {}
+    ResourceScriptParser(std::string_view script, std::string_view sourceName, ResourceTables &tables,
+                         ResourceOrigins &origins)
+        : lexer_(script), sourceName_(sourceName), tables_(tables), origins_(origins) {}
 
-    ResourceTables parse() {
+    void parse() {
         while (lexer_.peek().kind != TokenKind::EndOfText) {
             Token token = lexer_.next();
             if (isKeyword(token, "STRINGTABLE")) {
@@ -121,7 +123,6 @@ public:
                                                   " (expected STRINGTABLE or a resource id)");
             }
         }
-        return std::move(tables_);
     }
 
 private:
@@ -196,6 +197,14 @@ private:
         return *value;
     }
 
+    // Records where a resource is defined; one defined before fails with both places.
+    void define(std::map<int32_t, std::string> &origins, const char *what, int32_t id, int line) {
+        auto [first, added] = origins.emplace(id, std::string(sourceName_) + ":" + std::to_string(line));
+        if (!added)
+            throw ScriptError(line, std::string("duplicate ") + what + " id " + std::to_string(id) +
+                                        ", already defined at " + first->second);
+    }
+
     void parseStringTable() {
         int opened = openBlock();
         while (!closesBlock(opened)) {
@@ -205,8 +214,8 @@ private:
             StringEntry entry;
             entry.text = string("the string's text");
             if (optionalComma()) entry.messageBoxStyle = styleExpression(true).set;
-            if (!tables_.strings.emplace(id, std::move(entry)).second)
-                throw ScriptError(idToken.line, "duplicate string id " + std::to_string(id));
+            define(origins_.strings, "string", id, idToken.line);
+            tables_.strings.emplace(id, std::move(entry));
         }
     }
 
@@ -250,8 +259,8 @@ private:
                                                      " in dialog " + std::to_string(id));
             dialog.controls.push_back(std::move(control));
         }
-        if (!tables_.dialogs.emplace(id, std::move(dialog)).second)
-            throw ScriptError(line, "duplicate dialog id " + std::to_string(id));
+        define(origins_.dialogs, "dialog", id, line);
+        tables_.dialogs.emplace(id, std::move(dialog));
     }
 
     int32_t controlId() {
@@ -384,8 +393,8 @@ private:
         menu.id = id;
         std::set<int32_t> commandIds;
         parseMenuItems(menu.items, commandIds);
-        if (!tables_.menus.emplace(id, std::move(menu)).second)
-            throw ScriptError(line, "duplicate menu id " + std::to_string(id));
+        define(origins_.menus, "menu", id, line);
+        tables_.menus.emplace(id, std::move(menu));
     }
 
     void parseMenuItems(std::vector<MenuItemTemplate> &items, std::set<int32_t> &commandIds) {
@@ -417,18 +426,29 @@ private:
     }
 
     ScriptLexer lexer_;
-    ResourceTables tables_;
+    std::string_view sourceName_;
+    ResourceTables &tables_;
+    ResourceOrigins &origins_;
 };
 
 } // namespace
 
+std::string parseResourceScriptInto(std::string_view script, std::string_view sourceName, ResourceTables &tables,
+                                    ResourceOrigins &origins) {
+    try {
+        ResourceScriptParser(script, sourceName, tables, origins).parse();
+    } catch (const ScriptError &error) {
+        return std::string(sourceName) + ":" + std::to_string(error.line()) + ": " + error.what();
+    }
+    return {};
+}
+
 ResourceScriptParse parseResourceScript(std::string_view script, std::string_view sourceName) {
     ResourceScriptParse result;
-    try {
-        result.tables = ResourceScriptParser(script).parse();
-    } catch (const ScriptError &error) {
-        result.error = std::string(sourceName) + ":" + std::to_string(error.line()) + ": " + error.what();
-    }
+    ResourceTables tables;
+    ResourceOrigins origins;
+    result.error = parseResourceScriptInto(script, sourceName, tables, origins);
+    if (result.error.empty()) result.tables = std::move(tables);
     return result;
 }
 

@@ -44,11 +44,14 @@
 // Everything is checked: an unknown keyword, style name or control class, a bad or
 // out-of-range number, a duplicate string, dialog, menu, control or command
 // identifier, an unclosed block, string or comment, and text that is not UTF-8 fail
-// the whole script with "name:line: message".
+// the whole script with "name:line: message". A string, dialog or menu id defined
+// twice names both places, also when the first is in another script of the same
+// library ("query.rc:12: duplicate string id 1600, already defined at tabraRes.rc:9").
 #pragma once
 
 #include "platform/resources/resource_model.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -62,5 +65,16 @@ struct ResourceScriptParse {
 
 // Parses a whole script; sourceName names it in error messages (usually its path).
 ResourceScriptParse parseResourceScript(std::string_view script, std::string_view sourceName);
+
+// Where each string, dialog and menu of a library was defined ("name:line").
+struct ResourceOrigins {
+    std::map<int32_t, std::string> strings, dialogs, menus;
+};
+
+// Adds one script of a library to the tables and origins of the scripts read before
+// it. Returns the error ("name:line: message"), empty when the script is sound; after
+// an error the tables are incomplete.
+std::string parseResourceScriptInto(std::string_view script, std::string_view sourceName, ResourceTables &tables,
+                                    ResourceOrigins &origins);
 
 } // namespace tabra::platform

@@ -45,7 +45,7 @@ inline HMODULE loadShippedResources(const std::string &language) {
     if (const char *configured = std::getenv("TABRA_RESOURCE_DIR"); configured && *configured) directory = configured;
     else directory = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
     std::string error;
-    auto loaded = platform::readResourceScriptFile((directory / language / "tabraRes.rc").string(), error);
+    auto loaded = platform::readResourceLibrary((directory / language / "tabraRes.rc").string(), error);
     if (!loaded) {
         ADD_FAILURE() << error;
         return nullptr;

@@ -28,7 +28,7 @@ const ResourceTables &shipped(const std::string &language) {
     if (!module) {
         std::string path = (tabra::test::shippedResourceDirectory() / language / "tabraRes.rc").string();
         std::string error;
-        module = tabra::platform::readResourceScriptFile(path, error);
+        module = tabra::platform::readResourceLibrary(path, error);
         if (!module) {
             ADD_FAILURE() << error;
             module = std::make_unique<ResourceModule>();

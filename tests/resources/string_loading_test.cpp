@@ -3,8 +3,10 @@
 #include "core/module/module_state.h"
 #include "ostrel_lts.h"
 #include "platform/resources/resource_module.h"
+#include "platform/resources/resource_script_file.h"
 #include "platform/resources/translation_table.h"
 #include "resource_test_support.h"
+#include "support/test_text.h"
 
 #include <gtest/gtest.h>
 
@@ -194,4 +196,49 @@ TEST(ResourceLibraryFiles, LoadFromAPathAndRefuseFaultyOrMissingFiles) {
     EXPECT_EQ(Ostrel_LoadResourceLibrary(u"/nonexistent/tabraRes.rc"), nullptr);
     EXPECT_EQ(Ostrel_LoadResourceLibrary(nullptr), nullptr);
     EXPECT_EQ(Ostrel_LoadResourceLibrary(u""), nullptr);
+}
+
+// A library is its main script with the family scripts beside it ("<stem>-*.rc"), read
+// in name order; other files beside it are not part of it.
+TEST(ResourceLibraryFiles, FamilyScriptsBesideTheMainOneBelongToIt) {
+    TemporaryDirectory tree;
+    auto main = tree.write("de/tabraRes.rc", tabra::test::scriptWithString(1, "main"));
+    tree.write("de/tabraRes-query.rc", tabra::test::scriptWithString(2, "query"));
+    tree.write("de/tabraRes-catalog.rc", tabra::test::scriptWithString(3, "catalog"));
+    for (const char *stranger : {"de/other.rc", "de/tabraResX.rc", "de/tabraRes-.rc", "de/tabraRes-old.rc.bak", "tabraRes-up.rc"})
+        tree.write(stranger, tabra::test::scriptWithString(1, "stranger"));
+    std::string folder = main.parent_path().string() + "/";
+    EXPECT_EQ(tabra::platform::resourceScriptsOf(main.string()),
+              (std::vector<std::string>{main.string(), folder + "tabraRes-catalog.rc", folder + "tabraRes-query.rc"}));
+    HMODULE module = Ostrel_LoadResourceLibrary(tabra::test::toUtf16(main.string()).c_str());
+    ASSERT_NE(module, nullptr) << "strangers would define string 1 again";
+    char16_t buffer[16];
+    for (auto [id, text] : {std::pair{1, u"main"}, {2, u"query"}, {3, u"catalog"}}) {
+        LoadStringW(module, static_cast<uint32_t>(id), buffer, 16);
+        EXPECT_EQ(std::u16string(buffer), text);
+    }
+    Ostrel_FreeResourceLibrary(module);
+}
+
+TEST(ResourceLibraryFiles, AnIdDefinedInTwoScriptsNamesBothPlaces) {
+    using tabra::test::scriptWithString;
+    TemporaryDirectory tree;
+    tree.write("tabraRes.rc", "10 DIALOG 0, 0, 9, 9\nBEGIN\nEND\n" + scriptWithString(5, "a"));
+    tree.write("tabraRes-a.rc", "\n" + scriptWithString(6, "b"));
+    struct Case {
+        std::string script, error;
+    };
+    const Case cases[] = {
+        {"\n\n" + scriptWithString(5, "c"), "tabraRes-b.rc:5: duplicate string id 5, already defined at tabraRes.rc:6"},
+        {"10 DIALOGEX 0, 0, 9, 9\nBEGIN\nEND\n", "tabraRes-b.rc:1: duplicate dialog id 10, already defined at tabraRes.rc:1"},
+        {"\n" + scriptWithString(6, "c"), "tabraRes-b.rc:4: duplicate string id 6, already defined at tabraRes-a.rc:4"},
+    };
+    for (const Case &c : cases) {
+        tree.write("tabraRes-b.rc", c.script);
+        std::string error;
+        EXPECT_EQ(tabra::platform::readResourceLibrary(tree.directory() + "tabraRes.rc", error), nullptr);
+        std::string expected = c.error;
+        expected.insert(expected.find("already defined at ") + 19, tree.directory());
+        EXPECT_EQ(error, tree.directory() + expected);
+    }
 }
