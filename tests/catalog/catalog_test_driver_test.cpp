@@ -74,14 +74,14 @@ TEST_F(CatalogTestDriverTest, DropFailuresThatMeanMissingAreSuccessUnderFlagTwo)
         ScriptedRun run;
         EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", TABRA_DELETE_NO_CONFIRM | TABRA_DELETE_MISSING_OK), 1);
         expectNothingShown(run);
-        run.queue("dialog 10025: click 1");
+        run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", TABRA_DELETE_NO_CONFIRM), 2);
         EXPECT_FALSE(run.failed()) << run.report();
     }
     {
         auto connection = connect(other);
         ScriptedRun run;
-        run.queue("dialog 10025: click 1");
+        run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", TABRA_DELETE_NO_CONFIRM | TABRA_DELETE_MISSING_OK), 2);
         EXPECT_FALSE(run.failed()) << run.report();
         EXPECT_EQ(errorDialogsShown(run), 1u);
@@ -144,7 +144,7 @@ TEST_F(CatalogTestDriverTest, NoOperationLeavesAStatementOpen) {
 
     // Failure paths, each shown once.
     const int failures = 9;
-    for (int i = 0; i < failures; ++i) run.queue("dialog 10025: click 1");
+    for (int i = 0; i < failures; ++i) run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_DeleteTable(hdbc, u"scratch", TABRA_DELETE_NO_CONFIRM), 2);
     EXPECT_EQ(Tabra_RenameTable(hdbc, u"orders", u"orders_copy", 0), 2);
     EXPECT_EQ(Tabra_GetRecordCount(hdbc, u"no_such_table", 0), 0);

@@ -3,7 +3,10 @@
 // check that nothing was shown.
 #pragma once
 
+#include "catalog/resource_ids.h"
+#include "core/resource_ids.h"
 #include "support/backend_test.h"
+#include "support/script_lines.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "ostrel_hook.h"
@@ -78,11 +81,11 @@ struct RecordingHook {
 inline void expectNothingShown(const ScriptedRun &run) {
     EXPECT_FALSE(run.failed()) << run.report();
     EXPECT_TRUE(run.records(TABRA_RECORD_MESSAGE).empty());
-    EXPECT_TRUE(run.records(TABRA_RECORD_DIALOG_OPENED, 10025).empty());
+    EXPECT_TRUE(run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).empty());
 }
 
 // Number of ODBC error dialogs shown in the run.
-inline size_t errorDialogsShown(const ScriptedRun &run) { return run.records(TABRA_RECORD_DIALOG_OPENED, 10025).size(); }
+inline size_t errorDialogsShown(const ScriptedRun &run) { return run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).size(); }
 
 // A modeless dialog with one list box (id 1) to fill; create it inside a scripted run.
 class TestListBox {

@@ -95,7 +95,7 @@ TEST_P(ColumnFactsTest, AMissingColumnIsShownAndGivesTheFailureValue) {
     SQLHDBC hdbc = connection.handle();
     size_t shown = prepareFindsMissingNames() ? 1 : 0;
     ScriptedRun run;
-    for (size_t i = 0; i < 2 * shown; ++i) run.queue("dialog 10025: click 1");
+    for (size_t i = 0; i < 2 * shown; ++i) run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_GetColumnDataType(hdbc, u"items", u"no_such_column"), 0);
     EXPECT_EQ(Tabra_GetColumnLength(hdbc, u"items", u"no_such_column"), -1);
     EXPECT_FALSE(run.failed()) << run.report();
@@ -104,7 +104,7 @@ TEST_P(ColumnFactsTest, AMissingColumnIsShownAndGivesTheFailureValue) {
     // The record is zeroed first; where the prepare fails the result is 2, where only the
     // attribute queries fail each field stays 0 and the record counts as read.
     ScriptedRun again;
-    if (shown) again.queue("dialog 10025: click 1");
+    if (shown) again.queue(click(core::ids::kErrorDialog.id, IDOK));
     ColumnProperties properties{7, 7, 7, 7, 7, 7};
     EXPECT_EQ(Tabra_GetColumnProperties(hdbc, u"no_such_table", u"id", &properties), prepareFindsMissingNames() ? 2 : 1);
     EXPECT_EQ(properties.sqlType, 0);

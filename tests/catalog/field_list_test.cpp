@@ -151,7 +151,7 @@ TEST_P(FieldListTest, BoxesAreFilledOrAddedTo) {
     // has no schema "sch" and lists nothing, MariaDB's refuses schemas outright (S1C00),
     // which is shown and fails.
     bool refused = backend() == Backend::MariaDB;
-    if (refused) run.queue("dialog 10025: click 1");
+    if (refused) run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_AddColumnsToBox(connection.handle(), u"sch", u"fb", list.handle(),
                                     TABRA_FIELDS_QUALIFY | TABRA_FIELDS_WITH_SCHEMA | TABRA_FIELDS_NOT_NULL_ONLY),
               refused ? 2 : 1);

@@ -25,17 +25,17 @@ TEST_P(TableOperationsTest, DropAsksFirstAndOnlyYesDrops) {
     createOrders(connection);
     {
         ScriptedRun run;
-        run.queue("message 1702: answer no");
+        run.queue(answer(catalog::ids::kMessage.confirmDropTable, "no"));
         EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", 0), 2);
         EXPECT_FALSE(run.failed()) << run.report();
-        auto asked = run.records(TABRA_RECORD_MESSAGE, 1702);
+        auto asked = run.records(TABRA_RECORD_MESSAGE, catalog::ids::kMessage.confirmDropTable);
         ASSERT_EQ(asked.size(), 1u);
         EXPECT_NE(asked[0].text.find(u"orders"), std::u16string::npos);
     }
     EXPECT_TRUE(exists(connection, u"orders"));
     {
         ScriptedRun run;
-        run.queue("message 1702: answer yes");
+        run.queue(answer(catalog::ids::kMessage.confirmDropTable, "yes"));
         RecordingHook hook;
         EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", 0), 1);
         EXPECT_FALSE(run.failed()) << run.report();
@@ -51,18 +51,18 @@ TEST_P(TableOperationsTest, DroppingAMissingTableIsSuccessOnlyUnderFlagTwo) {
         // and PostgreSQL 42P01, which flag 2 does not cover: those are shown and fail.
         ScriptedRun run;
         bool missingState = backend() == Backend::MariaDB;
-        if (!missingState) run.queue("dialog 10025: click 1");
+        if (!missingState) run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"no_such_table",
                                     TABRA_DELETE_NO_CONFIRM | TABRA_DELETE_MISSING_OK),
                   missingState ? 1 : 2);
         EXPECT_FALSE(run.failed()) << run.report();
     }
     ScriptedRun run;
-    run.queue("dialog 10025: click 1");
+    run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"no_such_table", TABRA_DELETE_NO_CONFIRM), 2);
     EXPECT_FALSE(run.failed()) << run.report();
     EXPECT_EQ(errorDialogsShown(run), 1u);
-    EXPECT_EQ(run.closedControlText(10025, 1014), u"DROP TABLE no_such_table"); // shown with its statement
+    EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.statement), u"DROP TABLE no_such_table"); // shown with its statement
 }
 
 TEST_P(TableOperationsTest, TheStatementHookCanRefuseQuietly) {
@@ -107,15 +107,15 @@ TEST_P(TableOperationsTest, RenameCopiesWhereTheDatabaseCanAndFailsCleanlyElsewh
         EXPECT_FALSE(exists(connection, u"orders"));
         EXPECT_TRUE(exists(connection, u"orders_renamed"));
         EXPECT_EQ(queryRows(connection, u"SELECT id FROM orders_renamed ORDER BY id").size(), 3u);
-        auto notices = run.records(TABRA_RECORD_NOTICE, 427);
+        auto notices = run.records(TABRA_RECORD_NOTICE, catalog::ids::kString.copyingTableNotice);
         ASSERT_EQ(notices.size(), 1u);
         EXPECT_FALSE(notices[0].text.empty());
         expectNothingShown(run);
     } else {
-        run.queue("dialog 10025: click 1");
+        run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_RenameTable(connection.handle(), u"orders", u"orders_renamed", 0), 2);
         EXPECT_FALSE(run.failed()) << run.report();
-        EXPECT_EQ(run.closedControlText(10025, 1014), u"SELECT * INTO orders_renamed FROM orders");
+        EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.statement), u"SELECT * INTO orders_renamed FROM orders");
         EXPECT_TRUE(exists(connection, u"orders"));
         EXPECT_FALSE(exists(connection, u"orders_renamed"));
         EXPECT_TRUE(run.records(TABRA_RECORD_NOTICE).empty());
@@ -181,10 +181,10 @@ TEST_P(TableOperationsTest, RowSetCountsAndTheUnionSentinel) {
 TEST_P(TableOperationsTest, AFailingCountIsShownWithItsStatementAndGivesZero) {
     auto connection = connect();
     ScriptedRun run;
-    run.queue("dialog 10025: click 1");
+    run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_GetRecordCountExt(connection.handle(), u"no_such_table", u"x = 1"), 0);
-    EXPECT_EQ(run.closedControlText(10025, 1014), u"SELECT Count(*) FROM no_such_table WHERE x = 1");
-    run.queue("dialog 10025: click 1");
+    EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.statement), u"SELECT Count(*) FROM no_such_table WHERE x = 1");
+    run.queue(click(core::ids::kErrorDialog.id, IDOK));
     // Lower-case union is counted normally, so this fails at the database.
     EXPECT_EQ(Tabra_GetRowSetCount(connection.handle(), u"SELECT id FROM no_such_table union SELECT 1"), 0);
     EXPECT_FALSE(run.failed()) << run.report();
@@ -215,7 +215,7 @@ TEST_P(TableOperationsTest, MaximumAndSumWithConditionsAndOverEmptyTables) {
     EXPECT_EQ(Tabra_AddFields(hdbc, u"empty_one", u"price", nullptr, &value), 0);
     EXPECT_DOUBLE_EQ(value, 0);
     expectNothingShown(run);
-    run.queue("dialog 10025: click 1");
+    run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_AddFields(hdbc, u"orders", u"no_such_column", nullptr, &value), -1);
     EXPECT_FALSE(run.failed()) << run.report();
 }

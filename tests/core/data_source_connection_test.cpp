@@ -1,15 +1,21 @@
 // Opening and closing connections from a data source record, the questions asked of
 // an open connection, and how the database is classified.
+#include "core/resource_ids.h"
 #include "support/backend_test.h"
 #include "support/data_source_record.h"
-#include "support/test_text.h"
+#include "support/script_lines.h"
 #include "support/scripted_run.h"
+#include "support/test_text.h"
 #include "tabra_connection.h"
+#include "tabra_window_constants.h"
 
 #include <gtest/gtest.h>
 
 namespace tabra::test {
 namespace {
+
+namespace ids = core::ids;
+using ids::kErrorDialog;
 
 // A pair of connection handles that is always closed at the end of the test.
 struct HandlePair {
@@ -84,16 +90,17 @@ TEST_P(DataSourceLoginTest, AWrongPasswordShowsTheDiagnosticAndLeavesBothHandles
     DataSourceInfo record = dataSourceRecord(source.name, source.user, u"not-the-password");
     HandlePair pair;
     ScriptedRun run;
-    run.queue("dialog 10025: click 1");
+    run.queue(click(kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), -1);
     EXPECT_EQ(pair.environment, nullptr);
     EXPECT_EQ(pair.connection, nullptr);
     EXPECT_FALSE(run.failed());
-    EXPECT_EQ(run.records(TABRA_RECORD_DIALOG_CLOSED, 10025).size(), 1u);
-    std::u16string shown = run.closedControlText(10025, 2140) + run.closedControlText(10025, 2141) +
-                           run.closedControlText(10025, 2144);
+    EXPECT_EQ(run.records(TABRA_RECORD_DIALOG_CLOSED, kErrorDialog.id).size(), 1u);
+    std::u16string shown = run.closedControlText(kErrorDialog.id, kErrorDialog.vendor) +
+                           run.closedControlText(kErrorDialog.id, kErrorDialog.component) +
+                           run.closedControlText(kErrorDialog.id, kErrorDialog.message);
     EXPECT_FALSE(shown.empty());
-    EXPECT_EQ(run.closedControlText(10025, 2139).size(), 5u);
+    EXPECT_EQ(run.closedControlText(kErrorDialog.id, kErrorDialog.state).size(), 5u);
 }
 
 TABRA_INSTANTIATE_SERVER_BACKEND_TEST(DataSourceLoginTest);
@@ -109,7 +116,7 @@ TEST_F(DataSourceConnectionTestDriverTest, BadArgumentsAndAnEmptyName) {
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, nullptr), -1);
     EXPECT_TRUE(run.records(TABRA_RECORD_MESSAGE).empty());
 
-    run.queue("message 1607: answer ok");
+    run.queue(answer(ids::kMessage.noDataSource, "ok"));
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), -1);
     EXPECT_EQ(pair.environment, nullptr);
     EXPECT_EQ(pair.connection, nullptr);
@@ -121,12 +128,12 @@ TEST_F(DataSourceConnectionTestDriverTest, AnUnknownDataSourceShowsTheDriverMana
     HandlePair pair;
     DataSourceInfo record = dataSourceRecord(u"NoSuchDataSourceAnywhere");
     ScriptedRun run;
-    run.queue("dialog 10025: click 1");
+    run.queue(click(kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), -1);
     EXPECT_EQ(pair.connection, nullptr);
-    EXPECT_EQ(run.closedControlText(10025, 2139), u"IM002");
-    EXPECT_EQ(run.closedControlText(10025, 2140), u"unixODBC");
-    EXPECT_EQ(run.closedControlText(10025, 2141), u"Driver Manager");
+    EXPECT_EQ(run.closedControlText(kErrorDialog.id, kErrorDialog.state), u"IM002");
+    EXPECT_EQ(run.closedControlText(kErrorDialog.id, kErrorDialog.vendor), u"unixODBC");
+    EXPECT_EQ(run.closedControlText(kErrorDialog.id, kErrorDialog.component), u"Driver Manager");
 }
 
 TEST_F(DataSourceConnectionTestDriverTest, EmptyLoginFieldsReachTheDriverAsNull) {
@@ -167,7 +174,7 @@ TEST_F(DataSourceConnectionTestDriverTest, EveryConnectionIsClosedOnEveryPath) {
     HandlePair pair;
     DataSourceInfo record = dataSourceRecord(broken);
     ScriptedRun run;
-    run.queue("dialog 10025: click 1");
+    run.queue(click(kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_ConnectDataSource(&record, &pair.environment, &pair.connection), -1);
     EXPECT_EQ(pair.connection, nullptr);
     EXPECT_EQ(testDriverConnectionCounts().open(), 0);

@@ -1,8 +1,10 @@
 // Data source records in the registry, the data source and schema lists, and the
 // three dialogs built on them, driven through the scripted driver.
-#include "support/scoped_environment.h"
+#include "core/resource_ids.h"
 #include "support/backend_test.h"
 #include "support/data_source_record.h"
+#include "support/scoped_environment.h"
+#include "support/script_lines.h"
 #include "support/scripted_run.h"
 #include "tabra_connection.h"
 #include "tabra_window.h"
@@ -15,9 +17,12 @@
 namespace tabra::test {
 namespace {
 
-constexpr char16_t kRoot[] = u"Software\\Ostrel Software\\Tabra";
+using core::ids::kDataSourceAndSchemaDialog;
+using core::ids::kDataSourceDialog;
+using core::ids::kErrorDialog;
+using core::ids::kSchemaDialog;
 
-std::string quoted(std::u16string_view text) { return "\"" + toUtf8(text) + "\""; }
+constexpr char16_t kRoot[] = u"Software\\Ostrel Software\\Tabra";
 
 TEST(DataSourceRegistry, RecordsRoundTripWithDefaultsForMissingValues) {
     ScopedRegistryRoot registry;
@@ -98,13 +103,13 @@ struct Snapshot {
 void takeSnapshot(HWND dialog, void *context) {
     auto *seen = static_cast<Snapshot *>(context);
     char16_t text[200] = {};
-    HWND list = GetDlgItem(dialog, 1004);
+    HWND list = GetDlgItem(dialog, kDataSourceDialog.dataSources);
     Ostrel_GetBoxEntry(list, -1, text, 200);
     seen->selected = text;
     seen->count = Ostrel_GetBoxCount(list);
-    GetDlgItemTextW(dialog, 1002, text, 200);
+    GetDlgItemTextW(dialog, kDataSourceDialog.user, text, 200);
     seen->user = text;
-    GetDlgItemTextW(dialog, 1003, text, 200);
+    GetDlgItemTextW(dialog, kDataSourceDialog.password, text, 200);
     seen->password = text;
 }
 
@@ -113,9 +118,9 @@ TEST_F(DataSourceDialogTestDriverTest, ShowsTheRecordAndAcceptsAWorkingLogin) {
     record.Reserved[0] = 0x5A;
     Snapshot seen;
     ScriptedRun run;
-    run.queueCallback(103, takeSnapshot, &seen);
-    run.queue("dialog 103: set 1002 \"bob\"");
-    run.queue("dialog 103: click 1");
+    run.queueCallback(kDataSourceDialog.id, takeSnapshot, &seen);
+    run.queue(onDialog(kDataSourceDialog.id, "set", kDataSourceDialog.user, "\"bob\""));
+    run.queue(click(kDataSourceDialog.id, IDOK));
     EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(seen.selected, dsn::TestDriver);
@@ -141,8 +146,8 @@ TEST_F(DataSourceDialogTestDriverTest, AVanishedDataSourceSelectsTheFirstWithIts
     {
         DataSourceInfo probe = dataSourceRecord(u"NoLongerThere");
         ScriptedRun run;
-        run.queueCallback(103, takeSnapshot, &first);
-        run.queue("dialog 103: click 2");
+        run.queueCallback(kDataSourceDialog.id, takeSnapshot, &first);
+        run.queue(click(kDataSourceDialog.id, IDCANCEL));
         EXPECT_EQ(Tabra_DataSourceDialog(&probe), 2);
     }
     ASSERT_FALSE(first.selected.empty());
@@ -151,8 +156,8 @@ TEST_F(DataSourceDialogTestDriverTest, AVanishedDataSourceSelectsTheFirstWithIts
     DataSourceInfo record = dataSourceRecord(u"NoLongerThere", u"dave", u"pw");
     Snapshot seen;
     ScriptedRun run;
-    run.queueCallback(103, takeSnapshot, &seen);
-    run.queue("dialog 103: click 2");
+    run.queueCallback(kDataSourceDialog.id, takeSnapshot, &seen);
+    run.queue(click(kDataSourceDialog.id, IDCANCEL));
     EXPECT_EQ(Tabra_DataSourceDialog(&record), 2);
     EXPECT_EQ(seen.selected, first.selected);
     EXPECT_EQ(seen.user, u"carol");
@@ -164,14 +169,13 @@ TEST_F(DataSourceDialogTestDriverTest, AFailedLoginKeepsTheDialogOpenWithWhatWas
     std::u16string broken = addDataSource({{"Database", "/nonexistent/folder/db.sqlite"}});
     DataSourceInfo record = dataSourceRecord(broken);
     ScriptedRun run;
-    run.queue("dialog 103: set 1002 \"erin\"");
-    run.queue("dialog 103: set 1003 \"typed\"");
-    run.queue("dialog 103: click 1");
-    run.queue("dialog 10025: click 1");
-    run.queue("dialog 103: expect 1002 \"erin\"");
-    run.queue("dialog 103: expect 1003 \"typed\"");
-    run.queue("dialog 103: select 1004 " + quoted(dsn::TestDriver));
-    run.queue("dialog 103: click 1");
+    const int32_t dialog = kDataSourceDialog.id, user = kDataSourceDialog.user, password = kDataSourceDialog.password;
+    for (const std::string &line :
+         {onDialog(dialog, "set", user, "\"erin\""), onDialog(dialog, "set", password, "\"typed\""), click(dialog, IDOK),
+          click(kErrorDialog.id, IDOK), onDialog(dialog, "expect", user, "\"erin\""),
+          onDialog(dialog, "expect", password, "\"typed\""),
+          onDialog(dialog, "select", kDataSourceDialog.dataSources, quoted(dsn::TestDriver)), click(dialog, IDOK)})
+        run.queue(line);
     EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(run.pending(), 0);
@@ -182,10 +186,12 @@ TEST_F(DataSourceDialogTestDriverTest, AFailedLoginKeepsTheDialogOpenWithWhatWas
 TEST_F(DataSourceDialogTestDriverTest, NoSelectionIsRefusedAndADoubleClickAccepts) {
     DataSourceInfo record = dataSourceRecord(dsn::TestDriver);
     ScriptedRun run;
-    run.queueCallback(103, [](HWND dialog, void *) { Ostrel_SetBoxIndex(GetDlgItem(dialog, 1004), -1); }, nullptr);
-    run.queue("dialog 103: click 1");
-    run.queue("message 1608: answer ok");
-    run.queue("dialog 103: doubleclick 1004 " + quoted(dsn::Access));
+    run.queueCallback(kDataSourceDialog.id,
+                      [](HWND dialog, void *) { Ostrel_SetBoxIndex(GetDlgItem(dialog, kDataSourceDialog.dataSources), -1); },
+                      nullptr);
+    run.queue(click(kDataSourceDialog.id, IDOK));
+    run.queue(answer(core::ids::kMessage.emptyDataSourceName, "ok"));
+    run.queue(onDialog(kDataSourceDialog.id, "doubleclick", kDataSourceDialog.dataSources, quoted(dsn::Access)));
     EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(std::u16string(record.DataSourceName), dsn::Access);
@@ -199,19 +205,21 @@ TEST_F(DataSourceDialogTestDriverTest, CombinedDialogEnablesSchemasOnlyWhereTheD
     Snapshot atStart, afterChange;
     auto snapshot = [](HWND dialog, void *context) {
         auto *s = static_cast<Snapshot *>(context);
-        s->schemaControlsEnabled = IsWindowEnabled(GetDlgItem(dialog, 2014)) + IsWindowEnabled(GetDlgItem(dialog, 1147));
+        s->schemaControlsEnabled = IsWindowEnabled(GetDlgItem(dialog, kDataSourceAndSchemaDialog.schema)) +
+                                   IsWindowEnabled(GetDlgItem(dialog, kDataSourceAndSchemaDialog.chooseSchema));
         char16_t text[100] = {};
-        GetDlgItemTextW(dialog, 1014, text, 100);
+        GetDlgItemTextW(dialog, kDataSourceAndSchemaDialog.dataSource, text, 100);
         s->selected = text;
     };
     ScriptedRun run;
-    run.queueCallback(10060, snapshot, &atStart);
-    run.queue("dialog 10060: click 1145");
-    run.queue("dialog 103: select 1004 " + quoted(dsn::Schemas));
-    run.queue("dialog 103: click 1");
-    run.queueCallback(10060, snapshot, &afterChange);
-    run.queue("dialog 10060: set 2014 \"main\"");
-    run.queue("dialog 10060: click 1");
+    const int32_t combined = kDataSourceAndSchemaDialog.id;
+    run.queueCallback(combined, snapshot, &atStart);
+    run.queue(click(combined, kDataSourceAndSchemaDialog.chooseDataSource));
+    run.queue(onDialog(kDataSourceDialog.id, "select", kDataSourceDialog.dataSources, quoted(dsn::Schemas)));
+    run.queue(click(kDataSourceDialog.id, IDOK));
+    run.queueCallback(combined, snapshot, &afterChange);
+    run.queue(onDialog(combined, "set", kDataSourceAndSchemaDialog.schema, "\"main\""));
+    run.queue(click(combined, IDOK));
     EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(atStart.selected, dsn::TestDriver);
@@ -222,7 +230,7 @@ TEST_F(DataSourceDialogTestDriverTest, CombinedDialogEnablesSchemasOnlyWhereTheD
     EXPECT_EQ(std::u16string(schema), u"main");
     EXPECT_EQ(testDriverConnectionCounts().open(), 0);
 
-    run.queue("dialog 10060: click 2");
+    run.queue(click(combined, IDCANCEL));
     EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 2);
     EXPECT_EQ(std::u16string(schema), u"main") << "cancelled: the schema is untouched";
 }
@@ -245,10 +253,10 @@ TEST_P(SchemaListTest, ListsTheSchemasThatOwnTables) {
     } context{connection.handle(), &listed};
     ScriptedRun run;
     run.queueCallback(
-        10056,
+        kSchemaDialog.id,
         [](HWND dialog, void *raw) {
             auto *c = static_cast<Context *>(raw);
-            HWND list = GetDlgItem(dialog, 2010);
+            HWND list = GetDlgItem(dialog, kSchemaDialog.schemas);
             c->result = Tabra_FillSchemataBox(c->connection, list);
             char16_t text[100];
             for (int32_t i = 0; i < Ostrel_GetBoxCount(list); ++i) {
@@ -258,8 +266,8 @@ TEST_P(SchemaListTest, ListsTheSchemasThatOwnTables) {
         },
         &context);
     bool postgres = backend() == Backend::PostgreSQL;
-    if (postgres) run.queue("dialog 10056: select 2010 \"lager\"");
-    run.queue("dialog 10056: click 1");
+    if (postgres) run.queue(onDialog(kSchemaDialog.id, "select", kSchemaDialog.schemas, "\"lager\""));
+    run.queue(click(kSchemaDialog.id, IDOK));
     char16_t schema[100] = u"public";
     EXPECT_EQ(Tabra_SelectDbaseSchema(nullptr, connection.handle(), schema), 1);
     EXPECT_FALSE(run.failed());

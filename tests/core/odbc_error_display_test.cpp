@@ -1,8 +1,11 @@
 // The ODBC error dialog and the quiet diagnostic queries, on real diagnostics of the
 // installed drivers and on states the test driver makes up.
+#include "catalog/resource_ids.h"
+#include "core/resource_ids.h"
 #include "support/backend_test.h"
-#include "support/test_text.h"
+#include "support/script_lines.h"
 #include "support/scripted_run.h"
+#include "support/test_text.h"
 #include "tabra_connection.h"
 #include "ostrel.h"
 #include "tabra_window.h"
@@ -12,7 +15,8 @@
 namespace tabra::test {
 namespace {
 
-constexpr int32_t kErrorDialog = 10025;
+namespace ids = core::ids;
+using ids::kErrorDialog;
 
 // Runs a statement that fails and leaves its diagnostics on the handle.
 void failStatement(SQLHSTMT statement, const char16_t *sql) {
@@ -31,16 +35,15 @@ TEST_P(OdbcErrorDialogTest, SplitsTheDriversMessageIntoItsParts) {
     ASSERT_FALSE(raw.empty());
 
     ScriptedRun run;
-    run.queue("dialog 10025: click 1");
+    run.queue(click(kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), sql), 1);
     EXPECT_FALSE(run.failed());
 
-    EXPECT_EQ(run.closedControlText(kErrorDialog, 2139), raw.front().state);
-    EXPECT_EQ(run.closedControlText(kErrorDialog, 1014), sql);
-    std::u16string vendor = run.closedControlText(kErrorDialog, 2140);
-    std::u16string component = run.closedControlText(kErrorDialog, 2141);
-    std::u16string dataSource = run.closedControlText(kErrorDialog, 1006);
-    std::u16string text = run.closedControlText(kErrorDialog, 2144);
+    auto shown = [&](int32_t control) { return run.closedControlText(kErrorDialog.id, control); };
+    EXPECT_EQ(shown(kErrorDialog.state), raw.front().state);
+    EXPECT_EQ(shown(kErrorDialog.statement), sql);
+    std::u16string vendor = shown(kErrorDialog.vendor), component = shown(kErrorDialog.component);
+    std::u16string dataSource = shown(kErrorDialog.dataSource), text = shown(kErrorDialog.message);
     switch (backend()) {
     case Backend::SQLite: // "[SQLite]no such table: ..." has one bracketed part
         EXPECT_EQ(vendor, u"SQLite");
@@ -67,9 +70,9 @@ TEST_P(OdbcErrorDialogTest, CancelAnswersTwoAndTheStateStaysReadable) {
     OdbcStatement statement(connection);
     failStatement(statement.handle(), u"SELEC nonsense");
     ScriptedRun run;
-    run.queue("dialog 10025: click 2");
+    run.queue(click(kErrorDialog.id, IDCANCEL));
     EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), nullptr), 2);
-    EXPECT_EQ(run.closedControlText(kErrorDialog, 1014), u"");
+    EXPECT_EQ(run.closedControlText(kErrorDialog.id, kErrorDialog.statement), u"");
 
     char16_t state[6] = {};
     EXPECT_EQ(Tabra_GetErrorCode(SQL_HANDLE_STMT, statement.handle(), state, 6), 5);
@@ -85,36 +88,30 @@ TEST_F(OdbcErrorDialogTestDriverTest, OptionValueChangedOffersItsExplanation) {
     OdbcStatement statement(connection);
     ASSERT_EQ(statement.execute(u"SELECT 1"), SQL_SUCCESS_WITH_INFO);
 
-    struct Seen {
-        bool buttonVisible = false;
-    } seen;
+    bool buttonVisible = false;
+    auto seeButton = [](HWND dialog, void *visible) {
+        *static_cast<bool *>(visible) = IsWindowVisible(GetDlgItem(dialog, kErrorDialog.furtherMessage)) != 0;
+    };
     ScriptedRun run;
-    run.queueCallback(
-        kErrorDialog,
-        [](HWND dialog, void *context) {
-            static_cast<Seen *>(context)->buttonVisible = IsWindowVisible(GetDlgItem(dialog, 1003)) != 0;
-        },
-        &seen);
-    run.queue("dialog 10025: click 1003");
-    run.queue("message 1606: answer ok");
-    run.queue("dialog 10025: click 1");
+    run.queueCallback(kErrorDialog.id, seeButton, &buttonVisible);
+    run.queue(click(kErrorDialog.id, kErrorDialog.furtherMessage));
+    run.queue(answer(ids::kMessage.optionValueChanged, "ok"));
+    run.queue(click(kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), u"SELECT 1"), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(run.pending(), 0);
-    EXPECT_TRUE(seen.buttonVisible);
-    EXPECT_EQ(run.closedControlText(kErrorDialog, 2139), u"01S02");
-    EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, 1606).size(), 1u);
+    EXPECT_TRUE(buttonVisible);
+    EXPECT_EQ(run.closedControlText(kErrorDialog.id, kErrorDialog.state), u"01S02");
+    EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, ids::kMessage.optionValueChanged).size(), 1u);
 
     // Other states keep the button hidden.
     auto plain = connect(dsn::TestDriver);
     OdbcStatement failed(plain);
     failStatement(failed.handle(), u"SELECT FROM WHERE");
-    run.queueCallback(kErrorDialog, [](HWND dialog, void *context) {
-        static_cast<Seen *>(context)->buttonVisible = IsWindowVisible(GetDlgItem(dialog, 1003)) != 0;
-    }, &seen);
-    run.queue("dialog 10025: click 1");
+    run.queueCallback(kErrorDialog.id, seeButton, &buttonVisible);
+    run.queue(click(kErrorDialog.id, IDOK));
     Tabra_DisplayErrorHstmt(failed.handle(), nullptr);
-    EXPECT_FALSE(seen.buttonVisible);
+    EXPECT_FALSE(buttonVisible);
 }
 
 TEST_F(OdbcErrorDialogTestDriverTest, AHandleWithoutDiagnosticsShowsNothing) {
@@ -143,14 +140,14 @@ TEST_F(OdbcErrorDialogTestDriverTest, InformationIsShownOnlyWhenTheSwitchAsksFor
     {
         ScriptedRun run;
         Ostrel_SetDumpState(OSTREL_DUMP_SHOW_INFO);
-        run.queue("dialog 10025: click 2");
+        run.queue(click(kErrorDialog.id, IDCANCEL));
         EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_SUCCESS_WITH_INFO, u"SELECT 1"), 2);
         Ostrel_SetDumpState(-1);
         EXPECT_FALSE(run.failed());
     }
     {
         ScriptedRun run; // an error is always shown
-        run.queue("dialog 10025: click 1");
+        run.queue(click(kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_ERROR, nullptr), 1);
         EXPECT_FALSE(run.failed());
     }
@@ -212,22 +209,33 @@ TEST_F(OdbcErrorDialogTestDriverTest, ErrorCodeCopiesTheStateWithinTheBuffer) {
 }
 
 TEST(ShowMessage, FormatsInsertsAnswersTheButtonAndCarriesTheMessageCode) {
+    // The message codes are the routine's own table, checked here against its values.
+    const struct {
+        int32_t id;
+        const char16_t *insert;
+        const char *answer;
+        int32_t result;
+        uint32_t buttons, code;
+    } cases[] = {
+        {ids::kMessage.noDataSource, nullptr, "ok", IDOK, MB_OK, 0x8004A02Eu},
+        {ids::kMessage.fileNotOpened, u"/tmp/Müller.txt", "ok", IDOK, MB_OK, 0x8004A01Fu},
+        {catalog::ids::kMessage.confirmDropTable, u"Orders", "no", IDNO, MB_YESNO, 0x8004A000u}, // the default code
+        {ids::kMessage.emptyDataSourceName, nullptr, "ok", IDOK, MB_OK, 0x8004A000u},
+    };
     ScriptedRun run;
-    for (const char *line : {"message 1607: answer ok", "message 1615: answer ok", "message 1702: answer no",
-                             "message 1608: answer ok"})
-        run.queue(line);
-    EXPECT_EQ(ShowMessage(1607, nullptr, nullptr, nullptr), IDOK);
-    EXPECT_EQ(ShowMessage(1615, u"/tmp/Müller.txt", nullptr, nullptr), IDOK);
-    EXPECT_EQ(ShowMessage(1702, u"Orders", nullptr, nullptr), IDNO);
-    EXPECT_EQ(ShowMessage(1608, nullptr, nullptr, nullptr), IDOK);
-    auto shown = run.records(TABRA_RECORD_MESSAGE);
-    ASSERT_EQ(shown.size(), 4u);
-    EXPECT_EQ(shown[0].code, 0x8004A02Eu);
-    EXPECT_FALSE(shown[0].caption.empty());
-    EXPECT_EQ(shown[1].code, 0x8004A01Fu);
-    EXPECT_NE(shown[1].text.find(u"/tmp/Müller.txt"), std::u16string::npos) << toUtf8(shown[1].text);
-    EXPECT_EQ(shown[2].style & MB_TYPEMASK, static_cast<uint32_t>(MB_YESNO));
-    EXPECT_EQ(shown[3].code, 0x8004A000u) << "other ids get the default code";
+    for (const auto &c : cases) {
+        run.queue(answer(c.id, c.answer));
+        EXPECT_EQ(ShowMessage(c.id, c.insert, nullptr, nullptr), c.result);
+        auto shown = run.records(TABRA_RECORD_MESSAGE, c.id);
+        ASSERT_EQ(shown.size(), 1u);
+        EXPECT_EQ(shown[0].code, c.code) << c.id;
+        EXPECT_EQ(shown[0].style & MB_TYPEMASK, c.buttons) << c.id;
+        EXPECT_FALSE(shown[0].caption.empty());
+        if (c.insert) {
+            EXPECT_NE(shown[0].text.find(c.insert), std::u16string::npos) << toUtf8(shown[0].text);
+        }
+    }
+    EXPECT_FALSE(run.failed());
 }
 
 } // namespace

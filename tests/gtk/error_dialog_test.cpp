@@ -1,4 +1,4 @@
-// The ODBC error dialog (template 10025 of the shipped English resource library) on
+// The ODBC error dialog (the template of the shipped English resource library) on
 // the GTK renderer: filled as the error display fills it, shown at the size its dialog
 // units give, read-only fields that look read-only, the hidden button hidden, and the
 // result of the button the user pressed.
@@ -6,6 +6,8 @@
 
 #ifdef TABRA_WITH_GTK
 
+#include "core/dialogs/dialog.h"
+#include "core/resource_ids.h"
 #include "platform/gtk/dialog_units.h"
 #include "platform/gtk/label_text.h"
 #include "support/odbc_handles.h"
@@ -19,27 +21,30 @@ namespace automation = tabra::gtk::automation;
 
 namespace {
 
-constexpr int32_t kErrorDialog = 10025;
+using tabra::core::ids::kErrorDialog;
 
 // What the error display puts in the dialog for a failed SELECT on SQLite: the
 // bracketed parts of the diagnostic, its SQLSTATE, the rest of the text and the
 // statement.
-INT_PTR fillErrorDialog(HWND dialog, uint32_t message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG) {
-        SetDlgItemTextW(dialog, 2140, u"unixODBC");
-        SetDlgItemTextW(dialog, 2141, u"SQLite");
-        SetDlgItemTextW(dialog, 1006, u"");
-        SetDlgItemTextW(dialog, 2139, u"HY000");
-        SetDlgItemTextW(dialog, 2144, u"no such table: missing_orders (1)");
-        SetDlgItemTextW(dialog, 1014, u"SELECT \"order_id\", \"total\"\r\nFROM \"missing_orders\"\r\nWHERE \"total\" > 100");
-        ShowWindow(GetDlgItem(dialog, 1003), SW_HIDE);
-        return TRUE;
-    }
-    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
-        EndDialog(dialog, LOWORD(wParam) == IDOK ? 1 : 2);
-        return TRUE;
-    }
-    return FALSE;
+struct Diagnostic {};
+void fill(HWND dialog, Diagnostic &) {
+    SetDlgItemTextW(dialog, kErrorDialog.vendor, u"unixODBC");
+    SetDlgItemTextW(dialog, kErrorDialog.component, u"SQLite");
+    SetDlgItemTextW(dialog, kErrorDialog.dataSource, u"");
+    SetDlgItemTextW(dialog, kErrorDialog.state, u"HY000");
+    SetDlgItemTextW(dialog, kErrorDialog.message, u"no such table: missing_orders (1)");
+    SetDlgItemTextW(dialog, kErrorDialog.statement,
+                    u"SELECT \"order_id\", \"total\"\r\nFROM \"missing_orders\"\r\nWHERE \"total\" > 100");
+    ShowWindow(GetDlgItem(dialog, kErrorDialog.furtherMessage), SW_HIDE);
+}
+constexpr tabra::dialogs::Dialog<Diagnostic> kFilled{.initialise = fill};
+
+INT_PTR showFilled(HMODULE resources) {
+    Diagnostic diagnostic;
+    return DialogBoxParamW(
+        resources, kErrorDialog.id, nullptr,
+        [](HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) { return kFilled.answer(dialog, message, wParam, lParam); },
+        reinterpret_cast<LPARAM>(&diagnostic));
 }
 
 std::string entryText(GtkWidget *entry) { return entry && GTK_IS_ENTRY(entry) ? gtk_entry_get_text(GTK_ENTRY(entry)) : "?"; }
@@ -62,23 +67,24 @@ TEST_F(GtkRendererErrorDialog, ShowsTheDiagnosticAndEndsWithOk) {
     ASSERT_NE(resources, nullptr);
     onShown({[&](const automation::Shown &shown) {
         EXPECT_EQ(shown.kind, automation::ShownKind::Dialog);
-        EXPECT_EQ(shown.id, kErrorDialog);
+        EXPECT_EQ(shown.id, kErrorDialog.id);
         HWND dialog = shown.handle;
         EXPECT_EQ(std::string(gtk_window_get_title(GTK_WINDOW(shown.window))), "ODBC Error");
 
         // The multi-line edits show "\r\n" as line breaks.
-        EXPECT_EQ(entryText(widgetOf(dialog, 2139)), "HY000");
-        EXPECT_EQ(viewText(widgetOf(dialog, 2144)), "no such table: missing_orders (1)");
-        EXPECT_EQ(viewText(widgetOf(dialog, 1014)), "SELECT \"order_id\", \"total\"\nFROM \"missing_orders\"\nWHERE \"total\" > 100");
+        EXPECT_EQ(entryText(widgetOf(dialog, kErrorDialog.state)), "HY000");
+        EXPECT_EQ(viewText(widgetOf(dialog, kErrorDialog.message)), "no such table: missing_orders (1)");
+        EXPECT_EQ(viewText(widgetOf(dialog, kErrorDialog.statement)),
+                  "SELECT \"order_id\", \"total\"\nFROM \"missing_orders\"\nWHERE \"total\" > 100");
 
         // Read-only edits cannot be typed into and are marked so.
-        GtkWidget *vendor = widgetOf(dialog, 2140);
+        GtkWidget *vendor = widgetOf(dialog, kErrorDialog.vendor);
         EXPECT_FALSE(gtk_editable_get_editable(GTK_EDITABLE(vendor)));
         EXPECT_TRUE(gtk_style_context_has_class(gtk_widget_get_style_context(vendor), "tabra-read-only"));
-        EXPECT_FALSE(gtk_text_view_get_editable(GTK_TEXT_VIEW(widgetOf(dialog, 2144))));
+        EXPECT_FALSE(gtk_text_view_get_editable(GTK_TEXT_VIEW(widgetOf(dialog, kErrorDialog.message))));
 
         // The "More..." button is hidden; OK is the default button.
-        EXPECT_FALSE(gtk_widget_get_visible(widgetOf(dialog, 1003)));
+        EXPECT_FALSE(gtk_widget_get_visible(widgetOf(dialog, kErrorDialog.furtherMessage)));
         EXPECT_EQ(gtk_window_get_default_widget(GTK_WINDOW(shown.window)), widgetOf(dialog, IDOK));
 
         // The client area has the template's size in dialog units of its font.
@@ -94,14 +100,13 @@ TEST_F(GtkRendererErrorDialog, ShowsTheDiagnosticAndEndsWithOk) {
         EXPECT_EQ(std::vector<int>({ok.x, ok.y, ok.width, ok.height}),
                   std::vector<int>({expected.x, expected.y, expected.width, expected.height}));
         GtkAllocation statement;
-        gtk_widget_get_allocation(gtk_widget_get_parent(widgetOf(dialog, 1014)), &statement);
+        gtk_widget_get_allocation(gtk_widget_get_parent(widgetOf(dialog, kErrorDialog.statement)), &statement);
         EXPECT_LE(statement.y + statement.height, ok.y) << "the statement field overlaps the buttons";
 
         saveScreenshot(shown.window, "odbc-error-dialog");
         clickControl(dialog, IDOK);
     }});
-    INT_PTR result = DialogBoxParamW(resources, kErrorDialog, nullptr, fillErrorDialog, 0);
-    EXPECT_EQ(result, 1);
+    EXPECT_EQ(showFilled(resources), IDOK);
     EXPECT_EQ(shownCount(), 1u);
     EXPECT_EQ(GetActiveWindow(), nullptr);
 }
@@ -111,8 +116,8 @@ TEST_F(GtkRendererErrorDialog, CancelAndEscapeEndWithTwo) {
     ASSERT_NE(resources, nullptr);
     onShown({[&](const automation::Shown &shown) { clickControl(shown.handle, IDCANCEL); },
              [&](const automation::Shown &shown) { EXPECT_TRUE(automation::pressKey(shown.window, GDK_KEY_Escape)); }});
-    EXPECT_EQ(DialogBoxParamW(resources, kErrorDialog, nullptr, fillErrorDialog, 0), 2) << "Cancel button";
-    EXPECT_EQ(DialogBoxParamW(resources, kErrorDialog, nullptr, fillErrorDialog, 0), 2) << "Escape key";
+    EXPECT_EQ(showFilled(resources), IDCANCEL) << "Cancel button";
+    EXPECT_EQ(showFilled(resources), IDCANCEL) << "Escape key";
     EXPECT_EQ(shownCount(), 2u);
 }
 
@@ -127,13 +132,14 @@ TEST_F(GtkRendererErrorDialog, RealSqliteFailureShowsThroughTheErrorDisplay) {
     ASSERT_FALSE(records.empty());
     std::string state = tabra::gtk::utf8(records.front().state);
     onShown({[&](const automation::Shown &shown) {
-        EXPECT_EQ(shown.id, kErrorDialog);
+        EXPECT_EQ(shown.id, kErrorDialog.id);
         HWND dialog = shown.handle;
-        EXPECT_EQ(entryText(widgetOf(dialog, 2139)), state);
-        EXPECT_EQ(entryText(widgetOf(dialog, 2140)), "SQLite");
-        EXPECT_NE(entryText(widgetOf(dialog, 2141)).find("no such table"), std::string::npos);
-        EXPECT_EQ(viewText(widgetOf(dialog, 1014)), "SELECT * FROM no_such_table_here");
-        EXPECT_FALSE(gtk_widget_get_visible(widgetOf(dialog, 1003))) << "no further message for " << state;
+        EXPECT_EQ(entryText(widgetOf(dialog, kErrorDialog.state)), state);
+        EXPECT_EQ(entryText(widgetOf(dialog, kErrorDialog.vendor)), "SQLite");
+        EXPECT_NE(entryText(widgetOf(dialog, kErrorDialog.component)).find("no such table"), std::string::npos);
+        EXPECT_EQ(viewText(widgetOf(dialog, kErrorDialog.statement)), "SELECT * FROM no_such_table_here");
+        EXPECT_FALSE(gtk_widget_get_visible(widgetOf(dialog, kErrorDialog.furtherMessage)))
+            << "no further message for " << state;
         saveScreenshot(shown.window, "odbc-error-dialog-sqlite");
         clickControl(dialog, IDCANCEL);
     }});

@@ -6,6 +6,8 @@
 
 #ifdef TABRA_WITH_GTK
 
+#include "catalog/resource_ids.h"
+#include "core/resource_ids.h"
 #include "ostrel_ui.h"
 
 using namespace tabra::test;
@@ -28,7 +30,7 @@ TEST_F(GtkRendererMessageBox, QuestionFromTheStringTableAnswersTheButtonPressed)
     ASSERT_NE(resources, nullptr);
     onShown({[&](const automation::Shown &shown) {
         EXPECT_EQ(shown.kind, automation::ShownKind::MessageBox);
-        EXPECT_EQ(shown.id, 1702);
+        EXPECT_EQ(shown.id, tabra::catalog::ids::kMessage.confirmDropTable);
         EXPECT_EQ(std::string(gtk_window_get_title(GTK_WINDOW(shown.window))), "Tabra");
         EXPECT_EQ(messageText(shown.window), "Do you really want to delete the table \"Orders\" with all its data?");
         GtkWidget *yes = automation::messageBoxButton(shown.window, IDYES);
@@ -43,8 +45,8 @@ TEST_F(GtkRendererMessageBox, QuestionFromTheStringTableAnswersTheButtonPressed)
     }});
     OstrelMessageBoxRequest request{};
     request.module = resources;
-    request.captionId = 2900;
-    request.textId = 1702;
+    request.captionId = tabra::core::ids::kString.caption;
+    request.textId = tabra::catalog::ids::kMessage.confirmDropTable;
     request.insert1 = u"\"Orders\"";
     request.flag = 1;
     EXPECT_EQ(Ostrel_Message_Box(&request), IDYES);

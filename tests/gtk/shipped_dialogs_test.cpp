@@ -6,6 +6,7 @@
 
 #ifdef TABRA_WITH_GTK
 
+#include "core/dialogs/dialog.h"
 #include "platform/gtk/label_text.h"
 #include "platform/window/window_registry.h"
 
@@ -18,9 +19,11 @@ namespace {
 // font height the dialog units come from), not a line taller.
 constexpr int kHeightSlack = 5;
 
-INT_PTR closingProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM) {
-    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) EndDialog(dialog, LOWORD(wParam));
-    return message == WM_INITDIALOG;
+// A dialog that only closes.
+struct Closing {};
+constexpr tabra::dialogs::Dialog<Closing> kClosing{};
+INT_PTR closingProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
+    return kClosing.answer(dialog, message, wParam, lParam);
 }
 
 // Checks the texts of the dialog's visible controls against their rectangles.
@@ -64,7 +67,9 @@ TEST_P(GtkRendererShippedDialogs, TextsFitTheirControls) {
             saveScreenshot(shown.window, "shipped-" + GetParam() + "-" + std::to_string(id));
             automation::pressKey(shown.window, GDK_KEY_Escape);
         }});
-        EXPECT_EQ(DialogBoxParamW(library, id, nullptr, closingProcedure, 0), IDCANCEL) << where;
+        Closing closing;
+        EXPECT_EQ(DialogBoxParamW(library, id, nullptr, closingProcedure, reinterpret_cast<LPARAM>(&closing)), IDCANCEL)
+            << where;
         EXPECT_EQ(shownCount(), 1u) << where;
     }
     tabra::platform::releaseResourceModule(library);

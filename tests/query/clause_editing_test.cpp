@@ -2,6 +2,8 @@
 // behind FROM. Pure text, no connection.
 #include <algorithm>
 #include <vector>
+#include "core/resource_ids.h"
+#include "support/script_lines.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "tabra.h"
@@ -84,9 +86,9 @@ TEST(ClauseGet, BadOutputAndBadKeyword) {
 
 TEST(ClauseGet, UnbalancedParenthesisShowsMessageOnce) {
     ScriptedRun run;
-    run.queue("message 1618: answer ok");
+    run.queue(tabra::test::answer(tabra::core::ids::kMessage.unbalancedParenthesis, "ok"));
     EXPECT_EQ(clause(u"SELECT a) FROM t WHERE x", u"WHERE"), u"");
-    EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, 1618).size(), 1u);
+    EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, tabra::core::ids::kMessage.unbalancedParenthesis).size(), 1u);
     EXPECT_FALSE(run.failed());
 }
 

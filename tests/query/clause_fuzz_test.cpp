@@ -2,6 +2,7 @@
 // functions with small capacities: outputs stay terminated within their capacity and
 // nothing reads or writes out of bounds (the sanitizer build checks the latter).
 #include "core/module/module_state.h"
+#include "query/resource_ids.h"
 #include "tabra.h"
 
 #include <gtest/gtest.h>
@@ -65,7 +66,7 @@ TEST(QueryFuzz, DescriptorAndClauseFunctionsStayInBounds) {
 // capacities.
 TEST(QueryFuzz, DialogRowTransferStaysInBounds) {
     static const ConditionRow rows[] = TABRA_SELECTION_DIALOG_ROWS;
-    HWND dialog = CreateDialogParamW(tabra::module::resourceLibrary(), 10019, nullptr,
+    HWND dialog = CreateDialogParamW(tabra::module::resourceLibrary(), tabra::query::ids::kSelectionDialog.id, nullptr,
                                      [](HWND, uint32_t, WPARAM, LPARAM) -> INT_PTR { return 0; }, 0);
     ASSERT_NE(dialog, nullptr);
     std::mt19937 random(20261123);

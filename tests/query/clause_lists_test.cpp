@@ -1,8 +1,11 @@
 // Scanning clause lists into names and list boxes and writing boxes back; the sort
 // direction toggle and the alias dialog (scripted).
 #include "core/module/module_state.h"
+#include "core/resource_ids.h"
+#include "query/resource_ids.h"
 #include "support/backend_test.h"
 #include "support/box_contents.h"
+#include "support/script_lines.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "tabra.h"
@@ -58,9 +61,10 @@ TEST(ClauseScan, SortFlagsAndSeparator) {
 class ClauseBoxTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        dialog_ = CreateDialogParamW(tabra::module::resourceLibrary(), 10056, nullptr, ignore, 0);
+        using tabra::core::ids::kSchemaDialog;
+        dialog_ = CreateDialogParamW(tabra::module::resourceLibrary(), kSchemaDialog.id, nullptr, ignore, 0);
         ASSERT_NE(dialog_, nullptr);
-        box_ = GetDlgItem(dialog_, 2010);
+        box_ = GetDlgItem(dialog_, kSchemaDialog.schemas);
     }
     void TearDown() override { DestroyWindow(dialog_); }
     static INT_PTR ignore(HWND, uint32_t, WPARAM, LPARAM) { return 0; }
@@ -105,8 +109,9 @@ TEST_F(ClauseBoxTest, TablesAndSortOrder) {
 TEST_F(ClauseBoxTest, AliasDialogAcceptsOnlyTheAliasAlphabet) {
     ScriptedRun run;
     Ostrel_FillBox(box_, u'\t', u"price\tqty");
-    run.queue("dialog 10006: type 1033 \"t0x_9\"");
-    run.queue("dialog 10006: click 1");
+    using tabra::query::ids::kAliasDialog;
+    run.queue(onDialog(kAliasDialog.id, "type", kAliasDialog.alias, "\"t0x_9\""));
+    run.queue(click(kAliasDialog.id, IDOK));
     EXPECT_EQ(Tabra_FieldsBox_EditAlias(box_, 1), 1);
     EXPECT_FALSE(run.failed()) << run.report();
     EXPECT_EQ(run.records(TABRA_RECORD_BEEP).size(), 1u);
@@ -114,8 +119,8 @@ TEST_F(ClauseBoxTest, AliasDialogAcceptsOnlyTheAliasAlphabet) {
     EXPECT_EQ(entries(), (E{{u"price", 0}, {u"qty\ttx_9", 0}}));
     EXPECT_EQ(Ostrel_GetBoxIndex(box_), 1);
 
-    run.queue("dialog 10006: expect 1033 \"tx_9\"");
-    run.queue("dialog 10006: click 2");
+    run.queue(onDialog(kAliasDialog.id, "expect", kAliasDialog.alias, "\"tx_9\""));
+    run.queue(click(kAliasDialog.id, IDCANCEL));
     EXPECT_EQ(Tabra_FieldsBox_EditAlias(box_, 1), 2);
     Ostrel_SetBoxIndex(box_, -1);
     EXPECT_EQ(Tabra_FieldsBox_EditAlias(box_, -1), 2);

@@ -2,6 +2,8 @@
 // groups go to blocks of rows, the data type comes from the column box, lines the rows
 // cannot hold are lost; the operator boxes; copying the column box to all rows.
 #include "core/module/module_state.h"
+#include "core/resource_ids.h"
+#include "query/resource_ids.h"
 #include "support/box_contents.h"
 #include "support/test_text.h"
 #include "tabra.h"
@@ -23,7 +25,7 @@ constexpr char16_t kColumns[] = u"a\t4\tb\t12\tc\t4\tName\t12\tBorn On\t9";
 class ConditionRowsTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        dialog_ = CreateDialogParamW(tabra::module::resourceLibrary(), 10019, nullptr, ignore, 0);
+        dialog_ = CreateDialogParamW(tabra::module::resourceLibrary(), tabra::query::ids::kSelectionDialog.id, nullptr, ignore, 0);
         ASSERT_NE(dialog_, nullptr);
     }
     void TearDown() override { DestroyWindow(dialog_); }
@@ -124,10 +126,12 @@ TEST_F(ConditionRowsTest, OperatorBoxesOfBothKinds) {
 }
 
 TEST_F(ConditionRowsTest, OperatorListBoxesWork) {
-    HWND other = CreateDialogParamW(tabra::module::resourceLibrary(), 10056, nullptr, ignore, 0);
-    const ConditionRow rows[] = {{2011, 2010, 2011}, {0, 0, 0}}; // an edit and a list box
+    using tabra::core::ids::kSchemaDialog;
+    HWND other = CreateDialogParamW(tabra::module::resourceLibrary(), kSchemaDialog.id, nullptr, ignore, 0);
+    // An edit and a list box.
+    const ConditionRow rows[] = {{kSchemaDialog.schema, kSchemaDialog.schemas, kSchemaDialog.schema}, {0, 0, 0}};
     Tabra_OpDesc_To_DialogItems(TABRA_ASSIGNMENT_OPERATORS, u"a\tSCO\t7\t4\n", kColumns, other, rows);
-    HWND list = GetDlgItem(other, 2010);
+    HWND list = GetDlgItem(other, kSchemaDialog.schemas);
     EXPECT_EQ(Ostrel_GetBoxCount(list), 5);
     EXPECT_EQ(Ostrel_GetBoxIndex(list), 1);
     EXPECT_EQ(Ostrel_GetItemData(list, 1), 301);

@@ -1,7 +1,9 @@
 // The selection dialog played by the scripted driver: filling rows, OK and Cancel,
 // saving a selection mask and loading it again; the mask files' bytes.
 #include "query/mask_file.h"
+#include "query/resource_ids.h"
 #include "support/scoped_environment.h"
+#include "support/script_lines.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "tabra.h"
@@ -13,6 +15,10 @@
 namespace {
 
 using namespace tabra::test;
+namespace ids = tabra::query::ids;
+using ids::kSelectionDialog;
+
+constexpr ConditionRow kRows[] = TABRA_SELECTION_DIALOG_ROWS;
 
 constexpr char16_t kColumns[] = u"Name\t12\tid\t4\tBorn On\t9";
 
@@ -34,23 +40,23 @@ protected:
 };
 
 TEST_F(SelectionDialogTest, RowsFilledByTheUserBecomeTheDescriptor) {
-    run_.queue("dialog 10019: select 1011 \"Name\"");
-    run_.queue("dialog 10019: select 1012 \"begins with\"");
-    run_.queue("dialog 10019: set 1013 \"Mü'\"");
-    run_.queue("dialog 10019: set 1015 \"Other\""); // not a column of the list: type 0
-    run_.queue("dialog 10019: select 1016 \"is empty\"");
-    run_.queue("dialog 10019: select 1027 \"id\"");
-    run_.queue("dialog 10019: select 1028 \"is greater than\"");
-    run_.queue("dialog 10019: type 1029 \"3\"");
-    run_.queue("dialog 10019: click 9");
-    run_.queue("dialog 10019: click 1");
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[0].column, "\"Name\""));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[0].operation, "\"begins with\""));
+    run_.queue(onDialog(kSelectionDialog.id, "set", kRows[0].value, "\"Mü'\""));
+    run_.queue(onDialog(kSelectionDialog.id, "set", kRows[1].column, "\"Other\"")); // not a column of the list: type 0
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[1].operation, "\"is empty\""));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[8].column, "\"id\""));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[8].operation, "\"is greater than\""));
+    run_.queue(onDialog(kSelectionDialog.id, "type", kRows[8].value, "\"3\""));
+    run_.queue(click(kSelectionDialog.id, IDHELP));
+    run_.queue(click(kSelectionDialog.id, IDOK));
     char16_t selection[200] = u"Name\tXX\t1\t12\n";
     EXPECT_EQ(Tabra_Edit_SelDesc(selection, 200, kColumns, 0, 0), 1);
     EXPECT_FALSE(run_.failed());
     EXPECT_EQ(std::u16string(selection), u"Name\tBW\tMü'\t12\nOther\tIN\t\t0\n\v\vid\tGT\t3\t4\n\v\v");
     auto help = run_.records(TABRA_RECORD_HELP);
     ASSERT_EQ(help.size(), 1u);
-    EXPECT_EQ(help[0].id, 10019);
+    EXPECT_EQ(help[0].id, kSelectionDialog.id) << "the help topic is the template";
 }
 
 struct FocusSeen {
@@ -59,12 +65,12 @@ struct FocusSeen {
 
 TEST_F(SelectionDialogTest, CancelKeepsTheBufferAndTheFocusGoesToTheFirstEmptyRow) {
     FocusSeen focus;
-    run_.queueCallback(10019, [](HWND, void *seen) { static_cast<FocusSeen *>(seen)->control = GetDlgCtrlID(GetFocus()); },
+    run_.queueCallback(kSelectionDialog.id, [](HWND, void *seen) { static_cast<FocusSeen *>(seen)->control = GetDlgCtrlID(GetFocus()); },
                        &focus);
-    run_.queue("dialog 10019: expect 1013 \"1\"");
-    run_.queue("dialog 10019: expect 1016 \"is not empty\"");
-    run_.queue("dialog 10019: set 1013 \"2\"");
-    run_.queue("dialog 10019: click 2");
+    run_.queue(onDialog(kSelectionDialog.id, "expect", kRows[0].value, "\"1\""));
+    run_.queue(onDialog(kSelectionDialog.id, "expect", kRows[1].operation, "\"is not empty\""));
+    run_.queue(onDialog(kSelectionDialog.id, "set", kRows[0].value, "\"2\""));
+    run_.queue(click(kSelectionDialog.id, IDCANCEL));
     char16_t selection[40];
     std::u16string(40, u'#').copy(selection, 40);
     std::u16string(u"id\tEQ\t1\t4\nName\tNN\t\t12\n").copy(selection, 22);
@@ -73,7 +79,7 @@ TEST_F(SelectionDialogTest, CancelKeepsTheBufferAndTheFocusGoesToTheFirstEmptyRo
     EXPECT_EQ(Tabra_Edit_SelDesc(selection, 40, kColumns, 0, 0), 2);
     EXPECT_FALSE(run_.failed());
     EXPECT_EQ(std::u16string(selection, 40), before);
-    EXPECT_EQ(focus.control, 1018);
+    EXPECT_EQ(focus.control, kRows[2].column);
 
     EXPECT_EQ(Tabra_Edit_SelDesc(selection, 9, kColumns, 0, 0), 2); // too small: no dialog
     EXPECT_EQ(Tabra_Edit_SelDesc(nullptr, 100, kColumns, 0, 0), 2);
@@ -83,16 +89,16 @@ TEST_F(SelectionDialogTest, CancelKeepsTheBufferAndTheFocusGoesToTheFirstEmptyRo
 TEST_F(SelectionDialogTest, MaskSavedAndLoadedIntoEmptyRows) {
     std::string mask = path("mask.sms");
     // Nothing to save in empty rows: no file dialog.
-    run_.queue("dialog 10019: click 4");
-    run_.queue("dialog 10019: select 1011 \"Born On\"");
-    run_.queue("dialog 10019: select 1012 \"is one of (a;b;...)\"");
-    run_.queue("dialog 10019: set 1013 \"1.2.2020;3.4.2021\"");
-    run_.queue("dialog 10019: select 1030 \"Name\"");
-    run_.queue("dialog 10019: select 1031 \"is equal to column\"");
-    run_.queue("dialog 10019: select 1032 \"Born On\"");
-    run_.queue("dialog 10019: click 4");
+    run_.queue(click(kSelectionDialog.id, kSelectionDialog.saveMask));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[0].column, "\"Born On\""));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[0].operation, "\"is one of (a;b;...)\""));
+    run_.queue(onDialog(kSelectionDialog.id, "set", kRows[0].value, "\"1.2.2020;3.4.2021\""));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[10].column, "\"Name\""));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[10].operation, "\"is equal to column\""));
+    run_.queue(onDialog(kSelectionDialog.id, "select", kRows[10].value, "\"Born On\""));
+    run_.queue(click(kSelectionDialog.id, kSelectionDialog.saveMask));
     run_.queue("file: choose \"" + mask + "\"");
-    run_.queue("dialog 10019: click 2");
+    run_.queue(click(kSelectionDialog.id, IDCANCEL));
     char16_t selection[300] = u"";
     EXPECT_EQ(Tabra_Edit_SelDesc(selection, 300, kColumns, 0, 0), 2);
     EXPECT_FALSE(run_.failed());
@@ -101,10 +107,10 @@ TEST_F(SelectionDialogTest, MaskSavedAndLoadedIntoEmptyRows) {
     EXPECT_EQ(readWholeFile(mask), utf16le(u"OSTREL-SMS" + descriptor));
 
     // The last name is proposed; the mask fills rows that were empty.
-    run_.queue("dialog 10019: click 3");
+    run_.queue(click(kSelectionDialog.id, kSelectionDialog.loadMask));
     run_.queue("file: choose \"" + mask + "\"");
-    run_.queue("dialog 10019: expect 1013 \"1.2.2020;3.4.2021\"");
-    run_.queue("dialog 10019: click 1");
+    run_.queue(onDialog(kSelectionDialog.id, "expect", kRows[0].value, "\"1.2.2020;3.4.2021\""));
+    run_.queue(click(kSelectionDialog.id, IDOK));
     EXPECT_EQ(Tabra_Edit_SelDesc(selection, 300, kColumns, 0, 0), 1);
     EXPECT_FALSE(run_.failed());
     EXPECT_EQ(std::u16string(selection), descriptor);
@@ -118,16 +124,16 @@ TEST_F(SelectionDialogTest, FilesThatAreNoMasksAreRefused) {
     std::string other = directory_.write("other.sms", utf16le(u"OSTREL-XXXa\tEQ\t1\t4\n")).string();
     std::string endMark = directory_.write("z.sms", std::string(1, '\x1A')).string();
     for (const std::string &file : {text, other, endMark}) {
-        run_.queue("dialog 10019: click 3");
+        run_.queue(click(kSelectionDialog.id, kSelectionDialog.loadMask));
         run_.queue("file: choose \"" + file + "\"");
-        run_.queue("message 1649: answer ok");
+        run_.queue(answer(ids::kMessage.notAMask, "ok"));
     }
-    run_.queue("dialog 10019: expect 1011 \"id\"");
-    run_.queue("dialog 10019: click 1");
+    run_.queue(onDialog(kSelectionDialog.id, "expect", kRows[0].column, "\"id\""));
+    run_.queue(click(kSelectionDialog.id, IDOK));
     char16_t selection[100] = u"id\tEQ\t5\t4\n";
     EXPECT_EQ(Tabra_Edit_SelDesc(selection, 100, kColumns, 0, 0), 1);
     EXPECT_FALSE(run_.failed());
-    EXPECT_EQ(run_.records(TABRA_RECORD_MESSAGE, 1649).size(), 3u);
+    EXPECT_EQ(run_.records(TABRA_RECORD_MESSAGE, ids::kMessage.notAMask).size(), 3u);
 }
 
 TEST(SelectionMaskFile, BytesAndEndMark) {
@@ -157,7 +163,7 @@ TEST(SelectionMaskFile, BytesAndEndMark) {
 
     // A folder that is not there, and a device that is full (it stays where it is).
     run.queue("message: answer ok");
-    run.queue("message 1650: answer ok");
+    run.queue(answer(ids::kMessage.maskNotWritten, "ok"));
     EXPECT_EQ(tabra::query::writeMaskFile(toUtf16((directory.path() / "no" / "x.sms").string()), forty), -1);
     EXPECT_EQ(tabra::query::writeMaskFile(u"/dev/full", forty), -1);
     EXPECT_FALSE(run.failed());

@@ -5,7 +5,6 @@
 #include "ostrel_lts.h"
 #include "platform/resources/resource_module.h"
 #include "platform/resources/resource_script_parser.h"
-#include "platform/resources/translation_table.h"
 #include "resource_test_support.h"
 #include "support/scripted_run.h"
 #include "tabra_connection.h"
@@ -77,16 +76,15 @@ INT_PTR closeAtOnce(HWND dialog, uint32_t message, WPARAM, LPARAM) {
 TEST(DialogTranslation, CaptionAndChildTextsAreReplacedFromTheTable) {
     ScriptedRun run;
     tabra::test::ScopedResourceLibrary library(parsed(kScript));
-    tabra::test::TemporaryDirectory tree;
-    tree.write("LTSTEST.lts", "\"Select Data Source\" = \"Datenquelle wählen\"\n"
-                              "\"&Name:\" = \"&Bezeichnung:\"\n"
-                              "\"Cancel\" = \"Abbrechen\"\n");
-    ASSERT_TRUE(tabra::platform::registerTranslationModule(u"LTSTEST", tree.directory()));
-
     TranslatedDialog seen;
-    seen.moduleName = u"LTSTEST";
-    EXPECT_EQ(DialogBoxParamW(library.handle(), 500, nullptr, translateAndClose, reinterpret_cast<LPARAM>(&seen)), IDOK);
-    tabra::platform::unregisterTranslationModule(u"LTSTEST");
+    {
+        tabra::test::ScopedTranslation translation(u"LTSTEST", "\"Select Data Source\" = \"Datenquelle wählen\"\n"
+                                                               "\"&Name:\" = \"&Bezeichnung:\"\n"
+                                                               "\"Cancel\" = \"Abbrechen\"\n");
+        ASSERT_TRUE(translation.registered());
+        seen.moduleName = u"LTSTEST";
+        EXPECT_EQ(DialogBoxParamW(library.handle(), 500, nullptr, translateAndClose, reinterpret_cast<LPARAM>(&seen)), IDOK);
+    }
 
     EXPECT_EQ(seen.caption, u"Datenquelle wählen");
     EXPECT_EQ(seen.label, u"&Bezeichnung:");

@@ -4,6 +4,8 @@
 // The test environment loads the library with TABRA_RESOURCE_DIR pointing at the
 // build tree (which holds the shipped language folders) and LC_ALL=C.UTF-8.
 #include "core/module/module_state.h"
+#include "core/resource_ids.h"
+#include "query/resource_ids.h"
 #include "ostrel_lts.h"
 #include "ostrel_text.h"
 #include "platform/resources/resource_module.h"
@@ -39,8 +41,9 @@ TEST(ModuleLifetime, LoadingTheLibrarySetUpTheModuleState) {
     EXPECT_EQ(module::resourceLibrary(), before);
     if (std::getenv("ZUL_LANGUAGE") != nullptr) GTEST_SKIP() << "the test expects the English folder";
     ASSERT_NE(before, nullptr) << "no tabraRes.rc below " << tabra::test::shippedResourceDirectory();
-    EXPECT_EQ(loaded(before, 2900), u"Tabra");
-    EXPECT_FALSE(loaded(before, 1607).empty());
+    EXPECT_EQ(loaded(before, tabra::core::ids::kString.caption), u"Tabra");
+    EXPECT_FALSE(loaded(before, tabra::core::ids::kMessage.noDataSource).empty());
+    EXPECT_EQ(loaded(before, tabra::query::ids::kString.ascending), u"ascending") << "family scripts are read too";
 }
 
 TEST(ModuleLifetime, DetachFreesTheResourceLibraryAndAttachLoadsItAgain) {
@@ -49,12 +52,13 @@ TEST(ModuleLifetime, DetachFreesTheResourceLibraryAndAttachLoadsItAgain) {
     EXPECT_EQ(module::moduleEntryPoint(module::ProcessDetach), 1);
     EXPECT_EQ(module::resourceLibrary(), nullptr);
     EXPECT_EQ(tabra::platform::resourceTablesOf(before), nullptr) << "the old handle is dead";
-    EXPECT_TRUE(loaded(module::resourceLibrary(), 2900).empty()) << "no texts without a resource library";
+    EXPECT_TRUE(loaded(module::resourceLibrary(), tabra::core::ids::kString.caption).empty())
+        << "no texts without a resource library";
     EXPECT_EQ(module::moduleEntryPoint(module::ProcessDetach), 1) << "a second detach is harmless";
 
     EXPECT_EQ(module::moduleEntryPoint(module::ProcessAttach), 1);
     ASSERT_NE(module::resourceLibrary(), nullptr);
-    EXPECT_FALSE(loaded(module::resourceLibrary(), 2900).empty());
+    EXPECT_FALSE(loaded(module::resourceLibrary(), tabra::core::ids::kString.caption).empty());
 }
 
 TEST(ModuleQueries, LtsModuleNameIsCutLikeEveryBoundedCopy) {

@@ -4,6 +4,7 @@
 
 #include "ostrel_lts.h"
 #include "platform/resources/resource_module.h"
+#include "platform/resources/translation_table.h"
 #include "support/scoped_environment.h"
 
 #include <filesystem>
@@ -47,6 +48,24 @@ public:
 
 private:
     HMODULE handle_;
+};
+
+// Gives a translation module a table for one scope and takes it away afterwards.
+class ScopedTranslation {
+public:
+    ScopedTranslation(const std::u16string &moduleName, const std::string &table) : moduleName_(moduleName) {
+        tree_.write(narrow(moduleName) + ".lts", table);
+        registered_ = platform::registerTranslationModule(moduleName, tree_.directory());
+    }
+    ~ScopedTranslation() { platform::unregisterTranslationModule(moduleName_); }
+    ScopedTranslation(const ScopedTranslation &) = delete;
+    ScopedTranslation &operator=(const ScopedTranslation &) = delete;
+    bool registered() const { return registered_; }
+
+private:
+    TemporaryDirectory tree_;
+    std::u16string moduleName_;
+    bool registered_ = false;
 };
 
 } // namespace tabra::test

@@ -1,16 +1,27 @@
-// The resource libraries that ship with the library: they load, the languages agree
-// on every id, button set and insert, and the dialogs the code opens hold the
-// controls it drives, laid out inside their frames.
+// The resource libraries that ship with the library: they load, hold every id the
+// family headers name, the languages agree on every id, button set and insert, and
+// the dialogs the code opens hold the controls it drives, laid out inside their frames.
+#include "admin/resource_ids.h"
+#include "catalog/resource_ids.h"
+#include "core/resource_ids.h"
+#include "ostrel_ui.h"
 #include "platform/resources/resource_script_file.h"
+#include "query/resource_ids.h"
 #include "resource_test_support.h"
+#include "tabra_query.h"
 #include "tabra_window_constants.h"
+#include "wizards/resource_ids.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <set>
+#include <type_traits>
 #include <vector>
 
 using tabra::platform::ControlKind;
@@ -51,41 +62,119 @@ std::multiset<std::u16string> insertsOf(const std::u16string &text) {
     return inserts;
 }
 
+// The ids of a family struct, member by member (every member is an int32_t id).
+template <class Ids> std::vector<int32_t> idsOf(const Ids &ids) {
+    static_assert(std::has_unique_object_representations_v<Ids> && alignof(Ids) == alignof(int32_t) &&
+                  sizeof(Ids) % sizeof(int32_t) == 0, "an id struct holds int32_t members only");
+    auto members = std::bit_cast<std::array<int32_t, sizeof(Ids) / sizeof(int32_t)>>(ids);
+    return {members.begin(), members.end()};
+}
+
+std::vector<int32_t> joined(std::vector<int32_t> first, const std::vector<int32_t> &second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+// The condition rows of the selection dialog are controls of it too.
+std::vector<int32_t> selectionRowControls() {
+    constexpr ConditionRow rows[] = TABRA_SELECTION_DIALOG_ROWS;
+    std::vector<int32_t> controls;
+    for (const ConditionRow &row : rows)
+        if (row.column > 1) controls.insert(controls.end(), {row.column, row.operation, row.value});
+    return controls;
+}
+
+// What a family header names: each dialog as its template id followed by its
+// controls, and its strings, messages and menus.
+struct Family {
+    std::string header;
+    std::vector<std::vector<int32_t>> dialogs;
+    std::vector<int32_t> strings, messages, menus;
+};
+
+const std::vector<Family> &families() {
+    namespace core = tabra::core::ids;
+    namespace query = tabra::query::ids;
+    std::vector<int32_t> fileErrors;
+    for (int32_t code = OSTREL_FILE_ERROR_ACCESS; code <= OSTREL_FILE_ERROR_OTHER; ++code)
+        fileErrors.push_back(OSTREL_FILE_ERROR_STRINGS + code);
+    static const std::vector<Family> all = {
+        {"core/resource_ids.h",
+         {idsOf(core::kDataSourceDialog), idsOf(core::kErrorDialog), idsOf(core::kSchemaDialog),
+          idsOf(core::kDataSourceAndSchemaDialog)},
+         joined(idsOf(core::kString), fileErrors), idsOf(core::kMessage), {}},
+        {"catalog/resource_ids.h", {}, idsOf(tabra::catalog::ids::kString), idsOf(tabra::catalog::ids::kMessage), {}},
+        {"query/resource_ids.h",
+         {idsOf(query::kAliasDialog), joined(idsOf(query::kSelectionDialog), joined(selectionRowControls(), {IDHELP}))},
+         joined(idsOf(query::kString), idsOf(query::kOperatorLabel)), idsOf(query::kMessage), {}},
+        {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
+        {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
+    };
+    return all;
+}
 
 } // namespace
 
 class ShippedLanguage : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(ShippedLanguage, LoadsAndHoldsEveryMessageTheLibraryShows) {
+// A misspelt id in a header, a text missing in a language or a control missing in a
+// template fails here.
+TEST_P(ShippedLanguage, HoldsEveryIdTheFamilyHeadersName) {
     const ResourceTables &tables = shipped(GetParam());
-    ASSERT_FALSE(tables.strings.empty());
-    for (int32_t id : {2900, 1600, 1601, 1602, 1606, 1607, 1608, 1613, 1614, 1615, 1617, 1618, 1700, 1702, 1703, 1704}) {
-        auto found = tables.strings.find(id);
-        ASSERT_NE(found, tables.strings.end()) << "string " << id;
-        EXPECT_FALSE(found->second.text.empty()) << "string " << id;
+    for (const Family &family : families()) {
+        SCOPED_TRACE(family.header);
+        for (const auto &ids : family.dialogs) {
+            auto dialog = tables.dialogs.find(ids.front());
+            ASSERT_NE(dialog, tables.dialogs.end()) << "dialog " << ids.front();
+            for (size_t i = 1; i < ids.size(); ++i)
+                EXPECT_NE(findControl(dialog->second, ids[i]), nullptr) << "dialog " << ids.front() << " control " << ids[i];
+        }
+        for (int32_t id : joined(family.strings, family.messages)) {
+            auto found = tables.strings.find(id);
+            ASSERT_TRUE(found != tables.strings.end()) << "string " << id;
+            EXPECT_FALSE(found->second.text.empty()) << "string " << id;
+        }
+        for (int32_t id : family.messages)
+            EXPECT_NE(tables.strings.at(id).messageBoxStyle & MB_ICONMASK, 0u) << "message " << id << " has no icon";
+        for (int32_t id : family.menus) EXPECT_EQ(tables.menus.count(id), 1u) << "menu " << id;
     }
-    // Messages that take an insert keep it: the caller passes a name for these.
-    for (int32_t id : {1615, 1617, 1618, 1700, 1702, 1703})
-        EXPECT_EQ(insertsOf(tables.strings.at(id).text).count(u"%1"), 1u) << "string " << id;
 }
 
-TEST_P(ShippedLanguage, QuestionsOfferTheAnswersTheCallersActOn) {
+// Messages that take a name keep its insert, and questions offer the answers their
+// callers act on (for deleting columns No skips one column, Cancel ends the action).
+TEST_P(ShippedLanguage, MessagesKeepTheirInsertsAndButtons) {
+    namespace core = tabra::core::ids;
+    namespace admin = tabra::admin::ids;
+    const struct {
+        int32_t id;
+        uint32_t buttons;
+        bool takesName;
+    } messages[] = {
+        {core::kMessage.outOfMemory, MB_OK, false},
+        {core::kMessage.noDataSource, MB_OK, false},
+        {core::kMessage.emptyDataSourceName, MB_OK, false},
+        {core::kMessage.fileNotOpened, MB_OK, true},
+        {core::kMessage.unbalancedParenthesis, MB_OK, true},
+        {tabra::wizards::ids::kMessage.tableWithoutColumns, MB_OK, true},
+        {tabra::catalog::ids::kMessage.confirmDropTable, MB_YESNO, true},
+        {admin::kMessage.confirmDropView, MB_YESNO, true},
+        {admin::kMessage.confirmDropColumn, MB_YESNOCANCEL, true},
+        {admin::kMessage.confirmDropPrimaryKey, MB_YESNO, false},
+    };
     const ResourceTables &tables = shipped(GetParam());
-    for (int32_t id : {1700, 1702, 1704}) {
-        uint32_t style = tables.strings.at(id).messageBoxStyle;
-        EXPECT_EQ(style & MB_TYPEMASK, MB_YESNO) << "string " << id;
-        EXPECT_EQ(style & MB_ICONMASK, MB_ICONQUESTION) << "string " << id;
+    for (const auto &m : messages) {
+        const auto &entry = tables.strings.at(m.id);
+        EXPECT_EQ(entry.messageBoxStyle & MB_TYPEMASK, m.buttons) << "message " << m.id;
+        if (m.buttons != MB_OK) {
+            EXPECT_EQ(entry.messageBoxStyle & MB_ICONMASK, MB_ICONQUESTION) << "message " << m.id;
+        }
+        EXPECT_EQ(insertsOf(entry.text).count(u"%1"), m.takesName ? 1u : 0u) << "message " << m.id;
     }
-    // Deleting columns: No skips one column, Cancel ends the whole action.
-    EXPECT_EQ(tables.strings.at(1703).messageBoxStyle & MB_TYPEMASK, MB_YESNOCANCEL);
-    EXPECT_EQ(tables.strings.at(1703).messageBoxStyle & MB_ICONMASK, MB_ICONQUESTION);
-    for (int32_t id : {1600, 1607, 1608, 1615})
-        EXPECT_EQ(tables.strings.at(id).messageBoxStyle & MB_TYPEMASK, MB_OK) << "string " << id;
 }
 
-// The controls the library's own dialog procedures drive: the ODBC error dialog, the
-// data source dialog, the schema dialog and the combined one.
+// The kinds and looks of the controls the library's own dialog procedures drive.
 TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
+    using namespace tabra::core::ids;
     constexpr uint32_t readOnly = ES_READONLY, multiLine = ES_MULTILINE | ES_READONLY;
     struct Expected {
         int32_t dialog, control;
@@ -93,17 +182,26 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
         uint32_t style; // bits that must be set
     };
     std::vector<Expected> expected = {
-        {10025, 2140, ControlKind::Edit, readOnly},  {10025, 2141, ControlKind::Edit, readOnly},
-        {10025, 1006, ControlKind::Edit, readOnly},  {10025, 2139, ControlKind::Edit, readOnly},
-        {10025, 2144, ControlKind::Edit, multiLine}, {10025, 1014, ControlKind::Edit, multiLine},
-        {10025, 1003, ControlKind::PushButton, 0},   {103, 1004, ControlKind::ListBox, 0},
-        {103, 1002, ControlKind::Edit, 0},           {103, 1003, ControlKind::Edit, ES_PASSWORD},
-        {10056, 2010, ControlKind::ListBox, 0},      {10056, 2011, ControlKind::Edit, 0},
-        {10060, 1014, ControlKind::Edit, 0},         {10060, 1015, ControlKind::Edit, 0},
-        {10060, 2014, ControlKind::Edit, 0},         {10060, 1016, ControlKind::Edit, ES_PASSWORD},
-        {10060, 1145, ControlKind::PushButton, 0},   {10060, 1147, ControlKind::PushButton, 0},
+        {kErrorDialog.id, kErrorDialog.vendor, ControlKind::Edit, readOnly},
+        {kErrorDialog.id, kErrorDialog.component, ControlKind::Edit, readOnly},
+        {kErrorDialog.id, kErrorDialog.dataSource, ControlKind::Edit, readOnly},
+        {kErrorDialog.id, kErrorDialog.state, ControlKind::Edit, readOnly},
+        {kErrorDialog.id, kErrorDialog.message, ControlKind::Edit, multiLine},
+        {kErrorDialog.id, kErrorDialog.statement, ControlKind::Edit, multiLine},
+        {kErrorDialog.id, kErrorDialog.furtherMessage, ControlKind::PushButton, 0},
+        {kDataSourceDialog.id, kDataSourceDialog.dataSources, ControlKind::ListBox, 0},
+        {kDataSourceDialog.id, kDataSourceDialog.user, ControlKind::Edit, 0},
+        {kDataSourceDialog.id, kDataSourceDialog.password, ControlKind::Edit, ES_PASSWORD},
+        {kSchemaDialog.id, kSchemaDialog.schemas, ControlKind::ListBox, 0},
+        {kSchemaDialog.id, kSchemaDialog.schema, ControlKind::Edit, 0},
+        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.dataSource, ControlKind::Edit, 0},
+        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.user, ControlKind::Edit, 0},
+        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.schema, ControlKind::Edit, 0},
+        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.password, ControlKind::Edit, ES_PASSWORD},
+        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.chooseDataSource, ControlKind::PushButton, 0},
+        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.chooseSchema, ControlKind::PushButton, 0},
     };
-    for (int32_t dialog : {10025, 103, 10056, 10060})
+    for (int32_t dialog : {kErrorDialog.id, kDataSourceDialog.id, kSchemaDialog.id, kDataSourceAndSchemaDialog.id})
         for (int32_t button : {IDOK, IDCANCEL}) expected.push_back({dialog, button, ControlKind::PushButton, 0});
     const ResourceTables &tables = shipped(GetParam());
     for (const Expected &e : expected) {
@@ -113,7 +211,8 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
         EXPECT_EQ(c->kind, e.kind) << e.dialog << "/" << e.control;
         EXPECT_EQ(c->style & e.style, e.style) << e.dialog << "/" << e.control;
     }
-    EXPECT_FALSE(findControl(tables.dialogs.at(103), 1002)->style & ES_PASSWORD) << "the user name shows";
+    EXPECT_FALSE(findControl(tables.dialogs.at(kDataSourceDialog.id), kDataSourceDialog.user)->style & ES_PASSWORD)
+        << "the user name shows";
 }
 
 TEST_P(ShippedLanguage, DialogsAreLaidOutInsideTheirFrames) {
@@ -163,7 +262,7 @@ TEST(ShippedTranslations, GermanHasEveryEnglishStringWithTheSameButtonsAndInsert
         ASSERT_NE(german, de.strings.end()) << "string " << id << " missing in de";
         EXPECT_EQ(german->second.messageBoxStyle, english.messageBoxStyle) << "string " << id;
         EXPECT_EQ(insertsOf(german->second.text), insertsOf(english.text)) << "string " << id;
-        if (id != 2900) {
+        if (id != tabra::core::ids::kString.caption) {
             EXPECT_NE(german->second.text, english.text) << "string " << id << " is not translated";
         }
     }
@@ -185,4 +284,17 @@ TEST(ShippedTranslations, GermanDialogsMatchTheEnglishControls) {
             EXPECT_EQ(german.controls[i].style, english.controls[i].style) << "dialog " << id << " control " << i;
         }
     }
+}
+
+// Every family header of the tree is read by HoldsEveryIdTheFamilyHeadersName.
+TEST(ShippedResourceIds, EveryFamilyHeaderIsChecked) {
+    std::set<std::string> listed, found;
+    for (const Family &family : families()) listed.insert(family.header);
+    for (auto entry = std::filesystem::recursive_directory_iterator(TABRA_SOURCE_DIR);
+         entry != std::filesystem::recursive_directory_iterator(); ++entry) {
+        std::string name = entry->path().filename().string();
+        if (entry.depth() == 0 && (name.starts_with(".") || name.starts_with("build"))) entry.disable_recursion_pending();
+        if (name == "resource_ids.h") found.insert(std::filesystem::relative(entry->path(), TABRA_SOURCE_DIR).string());
+    }
+    EXPECT_EQ(found, listed);
 }

@@ -13,6 +13,7 @@
 #include <memory>
 
 using tabra::module::LoadTranslatedString;
+using tabra::test::ScopedTranslation;
 using tabra::test::TemporaryDirectory;
 
 namespace {
@@ -29,22 +30,6 @@ private:
         for (const auto &[id, text] : strings) tables.strings[id].text = text;
         return tables;
     }
-};
-
-// Gives the translation module a table for one test and takes it away afterwards.
-class ScopedTranslation {
-public:
-    ScopedTranslation(const std::u16string &moduleName, const std::string &table) : moduleName_(moduleName) {
-        tree_.write(tabra::test::narrow(moduleName) + ".lts", table);
-        registered_ = tabra::platform::registerTranslationModule(moduleName, tree_.directory());
-    }
-    ~ScopedTranslation() { tabra::platform::unregisterTranslationModule(moduleName_); }
-    bool registered() const { return registered_; }
-
-private:
-    TemporaryDirectory tree_;
-    std::u16string moduleName_;
-    bool registered_ = false;
 };
 
 } // namespace

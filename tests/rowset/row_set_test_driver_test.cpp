@@ -49,16 +49,16 @@ TEST_F(RowSetTestDriverTest, FileErrorsAreShownAndLeaveNothingBehind) {
     std::filesystem::create_directory(scratch_.path() / "folder");
     struct Case {
         std::string target;
-        int32_t message; // 2950 + the error code
+        int32_t message;
     };
     const Case cases[] = {
-        {"missing/out.txt", 2953},   // ENOENT: 3
-        {"plain.txt/out.txt", 2956}, // ENOTDIR: 6
-        {"folder", 2956},            // EISDIR: 6
+        {"missing/out.txt", OSTREL_FILE_ERROR_STRINGS + OSTREL_FILE_ERROR_NOT_FOUND}, // ENOENT
+        {"plain.txt/out.txt", OSTREL_FILE_ERROR_STRINGS + OSTREL_FILE_ERROR_OTHER},   // ENOTDIR
+        {"folder", OSTREL_FILE_ERROR_STRINGS + OSTREL_FILE_ERROR_OTHER},              // EISDIR
     };
     for (const auto &c : cases) {
         ScriptedRun run;
-        run.queue("message " + std::to_string(c.message) + ": answer ok");
+        run.queue(answer(c.message, "ok"));
         auto name = scratch_.file(c.target);
         int32_t count = 5;
         EXPECT_EQ(exportTo(connection.handle(), name, kFirstTwo, &count), 2) << c.target;
@@ -82,9 +82,10 @@ TEST_F(RowSetTestDriverTest, AFileThatMayNotBeWrittenStaysAsItWas) {
     ::chmod(toUtf8(name).c_str(), 0444);
     auto check = [&]() {
         ScriptedRun run;
-        run.queue("message 2952: answer ok");
+        constexpr int32_t denied = OSTREL_FILE_ERROR_STRINGS + OSTREL_FILE_ERROR_ACCESS;
+        run.queue(answer(denied, "ok"));
         bool refused = exportTo(connection.handle(), name, kFirstTwo) == 2;
-        bool shown = run.records(TABRA_RECORD_MESSAGE, 2952).size() == 1 && !run.failed();
+        bool shown = run.records(TABRA_RECORD_MESSAGE, denied).size() == 1 && !run.failed();
         return refused && shown && fileBytes(name) == "old" && scratch_.entries().size() == 1;
     };
     if (::geteuid() != 0) {
@@ -103,9 +104,10 @@ TEST_F(RowSetTestDriverTest, AFileThatMayNotBeWrittenStaysAsItWas) {
         std::string immutable = "chattr +i '" + toUtf8(name) + "' 2>/dev/null";
         if (std::system(immutable.c_str()) == 0) {
             ScriptedRun run;
-            run.queue("message 2956: answer ok");
+            constexpr int32_t other = OSTREL_FILE_ERROR_STRINGS + OSTREL_FILE_ERROR_OTHER;
+            run.queue(answer(other, "ok"));
             EXPECT_EQ(exportTo(connection.handle(), name, kFirstTwo), 2);
-            expectFileError(run, 2956, name);
+            expectFileError(run, other, name);
             std::system(("chattr -i '" + toUtf8(name) + "'").c_str());
         }
     }
@@ -121,7 +123,7 @@ TEST_F(RowSetTestDriverTest, AFailedTransferKeepsTheOldFileAndASuccessfulOneRepl
     ::chmod(toUtf8(name).c_str(), 0640);
     {
         ScriptedRun run;
-        run.queue("dialog 10025: click 1");
+        run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(exportTo(connection.handle(), name, u"SELECT id FROM no_such_table"), 2);
         EXPECT_EQ(errorDialogsShown(run), 1u);
         EXPECT_FALSE(run.failed()) << run.report();
@@ -152,7 +154,7 @@ TEST_F(RowSetTestDriverTest, ToleratedStatesAreSilentAndOthersAreShown) {
         bool silent = tolerated != nullptr;
         ScriptedRun run;
         if (!silent)
-            for (int i = 0; i < 5; ++i) run.queue("dialog 10025: click 1");
+            for (int i = 0; i < 5; ++i) run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(OdbcEh_PerformSqlStatement(0, hdbc, u"DELETE FROM items", tolerated), silent ? 1 : 2);
         EXPECT_EQ(exportTo(hdbc, name, statement, nullptr, 0, tolerated), 2);
         EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc, statement, nullptr, nullptr, buffer, 100, tolerated, 0), 2);

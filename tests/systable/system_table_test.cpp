@@ -180,17 +180,17 @@ TEST_P(SystemTableCreationTest, TheTableIsMadeOnFirstUseWhereTheDatabaseKnowsBlo
     RecordingHook hook;
     char16_t output[100];
     if (backend() == Backend::PostgreSQL) {
-        run.queue("dialog 10025: click 1");
+        run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_ReadSysTableString(handle, u"o", u"t", u"i", u"fallback", output, 100), 2);
         EXPECT_EQ(std::u16string(output), u"fallback");
-        run.queue("dialog 10025: click 1");
+        run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_WriteSysTableString(handle, u"o", u"t", u"i", u"v"), 2);
         EXPECT_EQ(Tabra_DeleteSysTableItem(handle, u"o", u"t", u"i"), 0);
         EXPECT_FALSE(run.failed()) << run.report();
         EXPECT_EQ(errorDialogsShown(run), 2u);
-        EXPECT_EQ(run.closedControlText(10025, 2139), u"42704"); // undefined object: type "blob" does not exist
+        EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.state), u"42704"); // undefined object: type "blob" does not exist
         EXPECT_NE(run.report().find("type \\\"blob\\\" does not exist"), std::string::npos);
-        EXPECT_EQ(run.closedControlText(10025, 1014), hook.statements.at(0));
+        EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.statement), hook.statements.at(0));
         EXPECT_EQ(hook.statements.size(), 2u); // the two creations; nothing else ran
         return;
     }

@@ -36,7 +36,7 @@ TEST_F(SystemTableTestDriverTest, TheValueColumnTypeFollowsTheDatabaseType) {
         EXPECT_EQ(Tabra_ReadSysTableString(connection.handle(), u"o", u"t", u"i", u"", output, 50), 1);
         EXPECT_EQ(std::u16string(output), u"It's\t\u00E4");
         expectNothingShown(run);
-        run.queue("dialog 10025: click 1");
+        run.queue(click(core::ids::kErrorDialog.id, IDOK));
         EXPECT_EQ(Tabra_CreateSystemTable(connection.handle()), 2);
         EXPECT_EQ(errorDialogsShown(run), 1u);
     }
