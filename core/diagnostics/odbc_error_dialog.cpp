@@ -96,7 +96,9 @@ void showFurtherMessage(HWND, ErrorDialogRequest &request, int32_t) {
 constexpr tabra::dialogs::Command<ErrorDialogRequest> kCommands[] = {
     {kErrorDialog.furtherMessage, tabra::dialogs::kAnyNotification, showFurtherMessage},
 };
-constexpr tabra::dialogs::Dialog<ErrorDialogRequest> kDialog{.initialise = initialise, .commands = kCommands};
+// Opened without a request there is nothing to show either.
+constexpr tabra::dialogs::Dialog<ErrorDialogRequest> kDialog{
+    .initialise = initialise, .commands = kCommands, .endWithoutState = IDOK};
 
 int32_t showErrorDialog(int16_t handleType, SQLHANDLE handle, const char16_t *statementText) {
     ErrorDialogRequest request;
@@ -109,10 +111,6 @@ int32_t showErrorDialog(int16_t handleType, SQLHANDLE handle, const char16_t *st
 } // namespace
 
 extern "C" INT_PTR DisplayOdbcErrorCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG && lParam == 0) { // no request: nothing to show
-        EndDialog(dialog, IDOK);
-        return TRUE;
-    }
     return kDialog.answer(dialog, message, wParam, lParam);
 }
 

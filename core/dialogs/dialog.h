@@ -20,7 +20,8 @@
 //   the dialog (LTS_TranslateDialog with the library's translation module name), runs
 //   initialise, then gives the focus to what initialFocus names (answering FALSE), else
 //   lets the dialog manager focus the first tab stop (TRUE). Opened without a state (a
-//   null parameter) the dialog answers TRUE and ignores every later message.
+//   null parameter) the dialog answers TRUE and ignores every later message, or, when
+//   it names a result in endWithoutState, ends at once with it.
 // - WM_COMMAND: a double click (LBN_DBLCLK) in the doubleClick list posts its command
 //   (BN_CLICKED); otherwise the first row of commands whose control and notification
 //   match runs. Then, for a top-level dialog (not a WS_CHILD page), OK runs accept and
@@ -125,11 +126,15 @@ template <class State> struct Dialog {
     void (*entered)(HWND page, State &state) = nullptr;                      // wizard pages
     PageAnswer (*left)(HWND page, State &state, Leaving direction) = nullptr; // wizard pages
     INT_PTR (*otherMessage)(HWND dialog, State &state, uint32_t message, WPARAM wParam, LPARAM lParam) = nullptr;
+    INT_PTR endWithoutState = 0; // 0: a dialog opened without a state stays inert
 
     // The dialog procedure: the state travels in the DWLP_USER slot.
     INT_PTR answer(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) const {
         if (message == WM_INITDIALOG) {
-            if (lParam == 0) return TRUE;
+            if (lParam == 0) {
+                if (endWithoutState != 0) EndDialog(dialog, endWithoutState);
+                return TRUE;
+            }
             SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         }
         State *state = stateOf<State>(dialog);

@@ -74,10 +74,14 @@ protected:
                        .okCancel());
         module.add(DialogBuilder(kPage, u"Page").page().listBox(kList).button(kOpen, u"Open").okCancel());
     }
-    INT_PTR run(Seen &seen) {
-        return DialogBoxParamW(module.handle(), kDialog, nullptr, seenProcedure, reinterpret_cast<LPARAM>(&seen));
-    }
     TestModule module;
+};
+
+// What the dialog showed when it first waited for the user.
+struct Opened {
+    std::u16string caption;
+    int32_t focus = 0;
+    bool stateKept = false;
 };
 
 TEST_F(DialogBase, ModalDialogsAnswerTheirRowsThenOkAndCancel) {
@@ -88,47 +92,39 @@ TEST_F(DialogBase, ModalDialogsAnswerTheirRowsThenOkAndCancel) {
         std::vector<std::string> calls; // after "initialise"
     };
     const Case cases[] = {
-        {{"click 1043", "type 1002 \"a\"", "click 1"}, true, IDOK, {"command 1043", "other 1002", "command 1002", "accept"}}, // EN_UPDATE, then EN_CHANGE
-        {{"click 1", "click 1044", "close"}, false, IDCANCEL, {"accept", "other 1044"}},
+        {{"click 1043", "type 1002 \"a\"", "click 1"}, true, IDOK, {"command 1043", "other 1002", "command 1002", "accept"}},
+        {{"click 1", "click 1044", "close"}, false, IDCANCEL, {"accept", "other 1044"}}, // typing sends EN_UPDATE first
         {{"select 1005 #1", "rightclick 1006 #0", "doubleclick 1006 #1", "click 2"}, true, IDCANCEL,
          {"command 1005", "notify 1006 " + std::to_string(NM_RCLICK), "command 1043"}},
     };
+    ScopedTranslation translation(tabra::module::kTranslationModuleName, "\"Chooser\" = \"Auswahl\"\n");
+    ASSERT_TRUE(translation.registered());
     for (const Case &c : cases) {
         Seen seen{c.accepts, {}};
-        int32_t focused = 0;
-        TabraScript_QueueCallback(kDialog, [](HWND dialog, void *id) {
-            *static_cast<int32_t *>(id) = GetDlgCtrlID(GetFocus());
+        Opened opened;
+        TabraScript_QueueCallback(kDialog, [](HWND dialog, void *context) {
+            auto *seen = static_cast<Opened *>(context);
+            *seen = {windowText(dialog), GetDlgCtrlID(GetFocus()), dialogs::stateOf<Seen>(dialog) != nullptr};
             Ostrel_FillBox(GetDlgItem(dialog, kList), u'\t', u"a\tb");
             for (const char16_t *item : {u"x", u"y"}) Ostrel_ListView_InsertItem(GetDlgItem(dialog, kView), -1, item, u'\t', 0);
-        }, &focused);
-        for (const std::string &action : c.script) queue("dialog 800: " + action);
-        EXPECT_EQ(run(seen), c.result) << report();
+        }, &opened);
+        for (const std::string &action : c.script) queue("dialog " + std::to_string(kDialog) + ": " + action);
+        EXPECT_EQ(DialogBoxParamW(module.handle(), kDialog, nullptr, seenProcedure, reinterpret_cast<LPARAM>(&seen)),
+                  c.result) << report();
         std::vector<std::string> expected{"initialise"};
         expected.insert(expected.end(), c.calls.begin(), c.calls.end());
         EXPECT_EQ(seen.calls, expected);
-        EXPECT_EQ(focused, kEdit) << "initialFocus chose the edit";
+        EXPECT_EQ(opened.caption, u"Auswahl") << "translated with the library's module name";
+        EXPECT_EQ(opened.focus, kEdit) << "initialFocus chose the edit";
+        EXPECT_TRUE(opened.stateKept);
         EXPECT_FALSE(TabraScript_Failed()) << report();
         TabraScript_Begin();
     }
-}
-
-TEST_F(DialogBase, TheDialogIsTranslatedWithTheLibrarysModuleName) {
-    ScopedTranslation translation(tabra::module::kTranslationModuleName, "\"Chooser\" = \"Auswahl\"\n");
-    ASSERT_TRUE(translation.registered());
-    Seen seen;
-    HWND dialog = CreateDialogParamW(module.handle(), kDialog, nullptr, seenProcedure, reinterpret_cast<LPARAM>(&seen));
-    EXPECT_EQ(windowText(dialog), u"Auswahl");
-    EXPECT_EQ(dialogs::stateOf<Seen>(dialog), &seen);
-    DestroyWindow(dialog);
-}
-
-TEST_F(DialogBase, WithoutAStateNothingRuns) {
-    HWND dialog = CreateDialogParamW(module.handle(), kDialog, nullptr, seenProcedure, 0);
-    ASSERT_NE(dialog, nullptr);
-    EXPECT_EQ(SendMessageW(dialog, WM_COMMAND, IDOK, 0), 0);
-    EXPECT_EQ(SendMessageW(dialog, WM_COMMAND, kOpen, 0), 0);
-    EXPECT_TRUE(IsWindow(dialog));
-    DestroyWindow(dialog);
+    // Without a state nothing of the dialog runs, not even its translation.
+    HWND stateless = CreateDialogParamW(module.handle(), kDialog, nullptr, seenProcedure, 0);
+    EXPECT_EQ(windowText(stateless), u"Chooser");
+    EXPECT_EQ(SendMessageW(stateless, WM_COMMAND, kOpen, 0), 0);
+    DestroyWindow(stateless);
 }
 
 // A wizard page: the frame calls the wizard's page procedure, which finds the page's

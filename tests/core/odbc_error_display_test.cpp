@@ -1,6 +1,7 @@
 // The ODBC error dialog and the quiet diagnostic queries, on real diagnostics of the
 // installed drivers and on states the test driver makes up.
 #include "catalog/resource_ids.h"
+#include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "support/backend_test.h"
 #include "support/script_lines.h"
@@ -123,6 +124,8 @@ TEST_F(OdbcErrorDialogTestDriverTest, AHandleWithoutDiagnosticsShowsNothing) {
     EXPECT_EQ(Tabra_DisplayErrorHdbc(connection.handle()), 1);
     EXPECT_EQ(Tabra_DisplayErrorHenv(connection.environment()), 1);
     EXPECT_EQ(OdbcEh_HandleErrorHstmt(0, statement.handle(), nullptr), 1);
+    EXPECT_EQ(DialogBoxParamW(module::resourceLibrary(), kErrorDialog.id, nullptr, DisplayOdbcErrorCallback, 0), IDOK)
+        << "no request at all";
     EXPECT_FALSE(run.failed());
     EXPECT_TRUE(run.records(TABRA_RECORD_MESSAGE).empty());
 }

@@ -176,40 +176,36 @@ TEST_P(ShippedLanguage, MessagesKeepTheirInsertsAndButtons) {
 TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
     using namespace tabra::core::ids;
     constexpr uint32_t readOnly = ES_READONLY, multiLine = ES_MULTILINE | ES_READONLY;
-    struct Expected {
-        int32_t dialog, control;
+    const auto &error = kErrorDialog;
+    const auto &combined = kDataSourceAndSchemaDialog;
+    const struct {
+        int32_t dialog;
+        std::vector<int32_t> controls;
         ControlKind kind;
         uint32_t style; // bits that must be set
+    } expected[] = {
+        {error.id, {error.vendor, error.component, error.dataSource, error.state}, ControlKind::Edit, readOnly},
+        {error.id, {error.message, error.statement}, ControlKind::Edit, multiLine},
+        {error.id, {error.furtherMessage, IDOK, IDCANCEL}, ControlKind::PushButton, 0},
+        {kDataSourceDialog.id, {kDataSourceDialog.dataSources}, ControlKind::ListBox, 0},
+        {kDataSourceDialog.id, {kDataSourceDialog.user}, ControlKind::Edit, 0},
+        {kDataSourceDialog.id, {kDataSourceDialog.password}, ControlKind::Edit, ES_PASSWORD},
+        {kDataSourceDialog.id, {IDOK, IDCANCEL}, ControlKind::PushButton, 0},
+        {kSchemaDialog.id, {kSchemaDialog.schemas}, ControlKind::ListBox, 0},
+        {kSchemaDialog.id, {kSchemaDialog.schema}, ControlKind::Edit, 0},
+        {kSchemaDialog.id, {IDOK, IDCANCEL}, ControlKind::PushButton, 0},
+        {combined.id, {combined.dataSource, combined.user, combined.schema}, ControlKind::Edit, 0},
+        {combined.id, {combined.password}, ControlKind::Edit, ES_PASSWORD},
+        {combined.id, {combined.chooseDataSource, combined.chooseSchema, IDOK, IDCANCEL}, ControlKind::PushButton, 0},
     };
-    std::vector<Expected> expected = {
-        {kErrorDialog.id, kErrorDialog.vendor, ControlKind::Edit, readOnly},
-        {kErrorDialog.id, kErrorDialog.component, ControlKind::Edit, readOnly},
-        {kErrorDialog.id, kErrorDialog.dataSource, ControlKind::Edit, readOnly},
-        {kErrorDialog.id, kErrorDialog.state, ControlKind::Edit, readOnly},
-        {kErrorDialog.id, kErrorDialog.message, ControlKind::Edit, multiLine},
-        {kErrorDialog.id, kErrorDialog.statement, ControlKind::Edit, multiLine},
-        {kErrorDialog.id, kErrorDialog.furtherMessage, ControlKind::PushButton, 0},
-        {kDataSourceDialog.id, kDataSourceDialog.dataSources, ControlKind::ListBox, 0},
-        {kDataSourceDialog.id, kDataSourceDialog.user, ControlKind::Edit, 0},
-        {kDataSourceDialog.id, kDataSourceDialog.password, ControlKind::Edit, ES_PASSWORD},
-        {kSchemaDialog.id, kSchemaDialog.schemas, ControlKind::ListBox, 0},
-        {kSchemaDialog.id, kSchemaDialog.schema, ControlKind::Edit, 0},
-        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.dataSource, ControlKind::Edit, 0},
-        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.user, ControlKind::Edit, 0},
-        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.schema, ControlKind::Edit, 0},
-        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.password, ControlKind::Edit, ES_PASSWORD},
-        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.chooseDataSource, ControlKind::PushButton, 0},
-        {kDataSourceAndSchemaDialog.id, kDataSourceAndSchemaDialog.chooseSchema, ControlKind::PushButton, 0},
-    };
-    for (int32_t dialog : {kErrorDialog.id, kDataSourceDialog.id, kSchemaDialog.id, kDataSourceAndSchemaDialog.id})
-        for (int32_t button : {IDOK, IDCANCEL}) expected.push_back({dialog, button, ControlKind::PushButton, 0});
     const ResourceTables &tables = shipped(GetParam());
-    for (const Expected &e : expected) {
-        ASSERT_EQ(tables.dialogs.count(e.dialog), 1u) << e.dialog;
-        const ControlTemplate *c = findControl(tables.dialogs.at(e.dialog), e.control);
-        ASSERT_NE(c, nullptr) << e.dialog << "/" << e.control;
-        EXPECT_EQ(c->kind, e.kind) << e.dialog << "/" << e.control;
-        EXPECT_EQ(c->style & e.style, e.style) << e.dialog << "/" << e.control;
+    for (const auto &e : expected) {
+        for (int32_t id : e.controls) {
+            const ControlTemplate *c = findControl(tables.dialogs.at(e.dialog), id);
+            ASSERT_NE(c, nullptr) << e.dialog << "/" << id;
+            EXPECT_EQ(c->kind, e.kind) << e.dialog << "/" << id;
+            EXPECT_EQ(c->style & e.style, e.style) << e.dialog << "/" << id;
+        }
     }
     EXPECT_FALSE(findControl(tables.dialogs.at(kDataSourceDialog.id), kDataSourceDialog.user)->style & ES_PASSWORD)
         << "the user name shows";

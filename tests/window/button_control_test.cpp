@@ -20,26 +20,22 @@ protected:
                        .control(tabra::platform::ControlKind::CheckBox, 1040, u"Manual", BS_CHECKBOX | WS_GROUP)
                        .control(tabra::platform::ControlKind::GroupBox, 1050, u"Group")
                        .okCancel());
-        procedure = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG) {
-                CheckRadioButton(dialog, 1016, 1017, 1016);
-                CheckRadioButton(dialog, 1003, 1005, 1005);
-            }
-            if (message != WM_COMMAND) return 0;
-            clicked.push_back(LOWORD(wParam));
-            if (LOWORD(wParam) == 1040) // a manual check box leaves the toggling to the dialog
-                CheckDlgButton(dialog, 1040, IsDlgButtonChecked(dialog, 1040) ? BST_UNCHECKED : BST_CHECKED);
-            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
-                for (int32_t id : {1016, 1017, 1003, 1004, 1005, 1026, 1040})
-                    if (IsDlgButtonChecked(dialog, id)) checkedAtEnd.push_back(id);
-                EndDialog(dialog, LOWORD(wParam));
-            }
-            return 1;
+        auto check = [](HWND dialog) {
+            CheckRadioButton(dialog, 1016, 1017, 1016);
+            CheckRadioButton(dialog, 1003, 1005, 1005);
         };
+        auto atEnd = [this](HWND dialog) {
+            for (int32_t id : {1016, 1017, 1003, 1004, 1005, 1026, 1040})
+                if (IsDlgButtonChecked(dialog, id)) checkedAtEnd.push_back(id);
+        };
+        procedure = recordingProcedure(clicked, check, atEnd, [](HWND dialog, int32_t id, int32_t) {
+            if (id == 1040) // a manual check box leaves the toggling to the dialog
+                CheckDlgButton(dialog, 1040, IsDlgButtonChecked(dialog, 1040) ? BST_UNCHECKED : BST_CHECKED);
+        });
     }
     TestModule module;
     Procedure procedure;
-    std::vector<int32_t> clicked;
+    std::vector<SeenCommand> clicked;
     std::vector<int32_t> checkedAtEnd;
 };
 
@@ -50,7 +46,7 @@ TEST_F(ButtonControl, ClickingARadioButtonUnchecksOnlyItsGroup) {
     EXPECT_EQ(runDialog(module, 300, procedure), IDOK);
     EXPECT_FALSE(TabraScript_Failed()) << report();
     EXPECT_EQ(checkedAtEnd, (std::vector<int32_t>{1017, 1004}));
-    EXPECT_EQ(clicked, (std::vector<int32_t>{1004, 1017, IDOK}));
+    EXPECT_EQ(clicked, (std::vector<SeenCommand>{{1004, BN_CLICKED}, {1017, BN_CLICKED}, {IDOK, BN_CLICKED}}));
 }
 
 TEST_F(ButtonControl, CheckingWhatIsCheckedDoesNothingAndRadiosCannotBeUnchecked) {
@@ -87,7 +83,7 @@ TEST_F(ButtonControl, ProgramChecksAndRanges) {
     EXPECT_EQ(IsDlgButtonChecked(dialog, 1016), BST_UNCHECKED);
     EXPECT_EQ(IsDlgButtonChecked(dialog, 1017), BST_CHECKED);
     EXPECT_EQ(CheckDlgButton(dialog, 4711, BST_CHECKED), 0);
-    EXPECT_EQ(clicked, (std::vector<int32_t>{1016, 1017}));
+    EXPECT_EQ(clicked, (std::vector<SeenCommand>{{1016, BN_CLICKED}, {1017, BN_CLICKED}}));
     DestroyWindow(dialog);
 }
 

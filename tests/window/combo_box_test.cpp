@@ -11,20 +11,15 @@ class ComboBox : public ScriptedTest {
 protected:
     ComboBox() {
         module.add(DialogBuilder(500, u"Combos").comboBox(1011, CBS_DROPDOWNLIST).comboBox(1012, CBS_DROPDOWN).okCancel());
-        procedure = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG)
-                for (int32_t id : {1011, 1012})
-                    Ostrel_FillBoxExtended(GetDlgItem(dialog, id), u'\t', u"ID\t4\tName\t12\tBorn\t9", OSTREL_FILL_WITH_DATA);
-            if (message != WM_COMMAND) return 0;
-            commands.push_back({LOWORD(wParam), static_cast<int16_t>(HIWORD(wParam))});
-            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
-                listText = windowText(GetDlgItem(dialog, 1011));
-                editText = windowText(GetDlgItem(dialog, 1012));
-                editSelection = static_cast<int32_t>(SendDlgItemMessageW(dialog, 1012, CB_GETCURSEL, 0, 0));
-                EndDialog(dialog, LOWORD(wParam));
-            }
-            return 1;
+        auto fill = [](HWND dialog) {
+            for (int32_t id : {1011, 1012})
+                Ostrel_FillBoxExtended(GetDlgItem(dialog, id), u'\t', u"ID\t4\tName\t12\tBorn\t9", OSTREL_FILL_WITH_DATA);
         };
+        procedure = recordingProcedure(commands, fill, [this](HWND dialog) {
+            listText = windowText(GetDlgItem(dialog, 1011));
+            editText = windowText(GetDlgItem(dialog, 1012));
+            editSelection = static_cast<int32_t>(SendDlgItemMessageW(dialog, 1012, CB_GETCURSEL, 0, 0));
+        });
     }
     TestModule module;
     Procedure procedure;

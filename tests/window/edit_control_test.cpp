@@ -17,13 +17,9 @@ protected:
                        .edit(1036, ES_NUMBER)
                        .edit(1037, ES_UPPERCASE)
                        .okCancel());
-        procedure = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message != WM_COMMAND) return 0;
-            commands.push_back({LOWORD(wParam), static_cast<int16_t>(HIWORD(wParam))});
-            if (onCommand) onCommand(dialog, LOWORD(wParam), static_cast<int16_t>(HIWORD(wParam)));
-            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) EndDialog(dialog, LOWORD(wParam));
-            return 1;
-        };
+        procedure = recordingProcedure(commands, {}, {}, [this](HWND dialog, int32_t id, int32_t notification) {
+            if (onCommand) onCommand(dialog, id, notification);
+        });
     }
 
     int countOf(int32_t id, int32_t notification) const {

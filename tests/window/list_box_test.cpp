@@ -16,21 +16,15 @@ protected:
                        .listBox(1006, LBS_SORT)
                        .comboBox(1007, CBS_DROPDOWN)
                        .okCancel());
-        procedure = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG) {
-                for (int32_t id : {1004, 1005, 1007}) Ostrel_FillBox(GetDlgItem(dialog, id), u'\t', u"Alpha\tbeta\tGamma\tBeta");
-            }
-            if (message != WM_COMMAND) return 0;
-            commands.push_back({LOWORD(wParam), static_cast<int16_t>(HIWORD(wParam))});
-            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
-                single = Ostrel_GetBoxIndex(GetDlgItem(dialog, 1004));
-                int32_t items[8] = {};
-                auto count = SendDlgItemMessageW(dialog, 1005, LB_GETSELITEMS, 8, reinterpret_cast<LPARAM>(items));
-                multiple.assign(items, items + count);
-                EndDialog(dialog, LOWORD(wParam));
-            }
-            return 1;
+        auto fill = [](HWND dialog) {
+            for (int32_t id : {1004, 1005, 1007}) Ostrel_FillBox(GetDlgItem(dialog, id), u'\t', u"Alpha\tbeta\tGamma\tBeta");
         };
+        procedure = recordingProcedure(commands, fill, [this](HWND dialog) {
+            single = Ostrel_GetBoxIndex(GetDlgItem(dialog, 1004));
+            int32_t items[8] = {};
+            auto count = SendDlgItemMessageW(dialog, 1005, LB_GETSELITEMS, 8, reinterpret_cast<LPARAM>(items));
+            multiple.assign(items, items + count);
+        });
     }
     TestModule module;
     Procedure procedure;

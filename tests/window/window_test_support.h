@@ -97,6 +97,13 @@ struct SeenCommand {
     bool operator==(const SeenCommand &) const = default;
 };
 
+// A procedure that records every WM_COMMAND into commands, calls initialise at
+// WM_INITDIALOG, onCommand for each command, and ends the dialog on OK and Cancel with
+// their id after atEnd.
+using DialogHook = std::function<void(HWND dialog)>;
+Procedure recordingProcedure(std::vector<SeenCommand> &commands, DialogHook initialise = {}, DialogHook atEnd = {},
+                             std::function<void(HWND, int32_t id, int32_t notification)> onCommand = {});
+
 // Every test runs on the scripted driver with an empty run; a failed test prints the
 // run's report.
 class ScriptedTest : public ::testing::Test {
@@ -198,6 +205,22 @@ inline HWND createModeless(const TestModule &module, int32_t templateId, Procedu
 inline Procedure &plainProcedure() {
     static Procedure procedure = [](HWND, uint32_t, WPARAM, LPARAM) -> INT_PTR { return 0; };
     return procedure;
+}
+
+inline Procedure recordingProcedure(std::vector<SeenCommand> &commands, DialogHook initialise, DialogHook atEnd,
+                                    std::function<void(HWND, int32_t, int32_t)> onCommand) {
+    return [&commands, initialise, atEnd, onCommand](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
+        if (message == WM_INITDIALOG && initialise) initialise(dialog);
+        if (message != WM_COMMAND) return 0;
+        int32_t id = LOWORD(wParam), notification = static_cast<int16_t>(HIWORD(wParam));
+        commands.push_back({id, notification});
+        if (onCommand) onCommand(dialog, id, notification);
+        if (id == IDOK || id == IDCANCEL) {
+            if (atEnd) atEnd(dialog);
+            EndDialog(dialog, id);
+        }
+        return 1;
+    };
 }
 
 inline std::vector<TabraScriptRecord> ScriptedTest::recordsOf(int32_t kind) const {
