@@ -134,26 +134,25 @@ TEST_F(OdbcErrorDialogTestDriverTest, InformationIsShownOnlyWhenTheSwitchAsksFor
     auto connection = connect(dsn::ExecInfo);
     OdbcStatement statement(connection);
     ASSERT_EQ(statement.execute(u"SELECT 1"), SQL_SUCCESS_WITH_INFO);
-    {
+    const struct {
+        int32_t dumpState;
+        SQLRETURN returnCode;
+        int32_t button; // 0: nothing is shown
+        int32_t result;
+    } cases[] = {
+        {0, SQL_SUCCESS_WITH_INFO, 0, 1},
+        {OSTREL_DUMP_SHOW_INFO, SQL_SUCCESS_WITH_INFO, IDCANCEL, 2},
+        {0, SQL_ERROR, IDOK, 1}, // an error is always shown
+    };
+    for (const auto &c : cases) {
         ScriptedRun run;
-        Ostrel_SetDumpState(0);
-        EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_SUCCESS_WITH_INFO, u"SELECT 1"), 1);
+        Ostrel_SetDumpState(c.dumpState);
+        if (c.button != 0) run.queue(click(kErrorDialog.id, c.button));
+        EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), c.returnCode, nullptr), c.result);
         EXPECT_FALSE(run.failed());
+        EXPECT_EQ(run.records(TABRA_RECORD_DIALOG_OPENED).size(), c.button != 0 ? 1u : 0u);
     }
-    {
-        ScriptedRun run;
-        Ostrel_SetDumpState(OSTREL_DUMP_SHOW_INFO);
-        run.queue(click(kErrorDialog.id, IDCANCEL));
-        EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_SUCCESS_WITH_INFO, u"SELECT 1"), 2);
-        Ostrel_SetDumpState(-1);
-        EXPECT_FALSE(run.failed());
-    }
-    {
-        ScriptedRun run; // an error is always shown
-        run.queue(click(kErrorDialog.id, IDOK));
-        EXPECT_EQ(Tabra_DisplayErrorOrInfoHstmt(statement.handle(), SQL_ERROR, nullptr), 1);
-        EXPECT_FALSE(run.failed());
-    }
+    Ostrel_SetDumpState(-1);
 }
 
 TEST_F(OdbcErrorDialogTestDriverTest, LastErrorInList) {
