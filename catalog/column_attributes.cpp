@@ -1,22 +1,24 @@
 // Column facts from the result-set description of a prepared, never executed
 // "SELECT column FROM table": data type, length, nullability, updatability, case
 // sensitivity and the auto-increment property. No row is ever fetched.
-#include "catalog/result_column_attribute.h"
+#include "catalog/table_existence.h"
 #include "core/odbc/odbc_text.h"
-#include "core/odbc/statement_handle.h"
-#include "ostrel.h"
+#include "core/odbc/result_column_attribute.h"
+#include "core/odbc/statement_runner.h"
+#include "sqltext/statement_formatter.h"
 #include "tabra_catalog.h"
-#include "tabra_connection.h"
-#include "tabra_sqltext.h"
 
 #include <algorithm>
 #include <optional>
+#include <string>
 
-using tabra::catalog::resultColumnAttribute;
-using tabra::catalog::resultColumnName;
+using tabra::odbc::resultColumnAttribute;
+using tabra::odbc::resultColumnName;
+using tabra::odbc::RunResult;
 using tabra::odbc::sqlText;
-using tabra::odbc::StatementHandle;
+using tabra::odbc::StatementRunner;
 using tabra::odbc::succeeded;
+using tabra::sqltext::formatStatement;
 
 namespace {
 
@@ -34,29 +36,24 @@ std::optional<SQLLEN> autoUniqueValue(SQLHSTMT statement) {
 }
 
 // A statement prepared for the column's description; empty (failure shown) when the
-// arguments are missing, no handle could be had or the prepare failed.
+// arguments are missing, no handle could be had or the prepare failed. The failures
+// are shown without the statement text.
 struct DescribedColumn {
-    StatementHandle statement;
+    StatementRunner statement;
     bool ready = false;
+    SQLHSTMT handle() const { return statement.handle(); }
+    void show() { statement.fail(SQL_ERROR); }
 };
 
 DescribedColumn describe(SQLHDBC connection, const char16_t *table, const char16_t *column) {
-    DescribedColumn described;
+    DescribedColumn described{StatementRunner(connection, nullptr)};
     if (connection == SQL_NULL_HDBC || table == nullptr || table[0] == u'\0' || column == nullptr ||
         column[0] == u'\0')
         return described;
-    if (!succeeded(described.statement.allocate(connection))) {
-        Tabra_DisplayErrorHdbc(connection);
-        return described;
-    }
-    char16_t text[kStatementCapacity];
-    Tabra_SprintfSqlStatement(connection, text, kStatementCapacity, u"SELECT %f FROM %t", column, table, nullptr,
-                              nullptr, nullptr, nullptr, nullptr, nullptr);
-    if (!succeeded(SQLPrepareW(described.statement.get(), sqlText(text), SQL_NTS))) {
-        Tabra_DisplayErrorHstmt(described.statement.get(), nullptr);
-        return described;
-    }
-    described.ready = true;
+    if (described.statement.allocate() != RunResult::Done) return described;
+    const std::u16string text = formatStatement(connection, u"SELECT %f FROM %t", {column, table}, kStatementCapacity);
+    described.ready =
+        described.statement.check(SQLPrepareW(described.handle(), sqlText(text.c_str()), SQL_NTS)) == RunResult::Done;
     return described;
 }
 
@@ -65,14 +62,14 @@ DescribedColumn describe(SQLHDBC connection, const char16_t *table, const char16
 extern "C" int32_t Tabra_GetColumnDataType(SQLHDBC connection, const char16_t *table, const char16_t *column) {
     auto described = describe(connection, table, column);
     if (!described.ready) return 0;
-    auto value = resultColumnAttribute(described.statement.get(), 1, SQL_COLUMN_TYPE);
+    auto value = resultColumnAttribute(described.handle(), 1, SQL_COLUMN_TYPE);
     return value ? static_cast<int32_t>(*value) : 0;
 }
 
 extern "C" int32_t Tabra_GetColumnLength(SQLHDBC connection, const char16_t *table, const char16_t *column) {
     auto described = describe(connection, table, column);
     if (!described.ready) return -1;
-    auto value = resultColumnAttribute(described.statement.get(), 1, SQL_COLUMN_LENGTH);
+    auto value = resultColumnAttribute(described.handle(), 1, SQL_COLUMN_LENGTH);
     return value ? static_cast<int32_t>(*value) : -1;
 }
 
@@ -82,7 +79,7 @@ extern "C" int32_t Tabra_GetColumnProperties(SQLHDBC connection, const char16_t 
     *properties = ColumnProperties{};
     auto described = describe(connection, table, column);
     if (!described.ready) return 2;
-    SQLHSTMT statement = described.statement.get();
+    SQLHSTMT statement = described.handle();
     auto asFlag = [](std::optional<SQLLEN> value) { return value && *value != 0 ? 1u : 0u; };
     properties->sqlType = static_cast<int32_t>(resultColumnAttribute(statement, 1, SQL_COLUMN_TYPE).value_or(0));
     properties->autoIncrement = asFlag(resultColumnAttribute(statement, 1, SQL_COLUMN_AUTO_INCREMENT));
@@ -96,9 +93,9 @@ extern "C" int32_t Tabra_GetColumnProperties(SQLHDBC connection, const char16_t 
 extern "C" int32_t Tabra_IsColumnAutoIncrement(SQLHDBC connection, const char16_t *table, const char16_t *column) {
     auto described = describe(connection, table, column);
     if (!described.ready) return 0;
-    auto value = autoUniqueValue(described.statement.get());
+    auto value = autoUniqueValue(described.handle());
     if (!value) {
-        Tabra_DisplayErrorHstmt(described.statement.get(), nullptr);
+        described.show();
         return 0;
     }
     return *value != 0 ? 1 : 0;
@@ -110,10 +107,10 @@ extern "C" int32_t Tabra_IsColumnUpdateable(SQLHDBC connection, const char16_t *
     // The type is asked first and its answer left aside: one driver here describes the
     // column only on the first attribute question and answers that first question about
     // updatability with "read-only" whatever the column is.
-    resultColumnAttribute(described.statement.get(), 1, SQL_COLUMN_TYPE);
-    auto value = resultColumnAttribute(described.statement.get(), 1, SQL_COLUMN_UPDATABLE);
+    resultColumnAttribute(described.handle(), 1, SQL_COLUMN_TYPE);
+    auto value = resultColumnAttribute(described.handle(), 1, SQL_COLUMN_UPDATABLE);
     if (!value) {
-        Tabra_DisplayErrorHstmt(described.statement.get(), nullptr);
+        described.show();
         return 0;
     }
     return *value != 0 ? 1 : 0;
@@ -124,39 +121,31 @@ extern "C" int32_t Tabra_FindFirstAutoIncrementField(SQLHDBC connection, const c
     if (output == nullptr || capacity < 1) return 2;
     output[0] = u'\0';
     if (connection == SQL_NULL_HDBC || table == nullptr || table[0] == u'\0' ||
-        Tabra_DoesTableExist(connection, TABRA_TABLE_TYPE_ALL, table) != 1)
+        tabra::catalog::findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, table) != 1)
         return 2;
-    char16_t text[kStarStatementCapacity];
-    Tabra_SprintfSqlStatement(connection, text, kStarStatementCapacity, u"SELECT * FROM %t", table, nullptr,
-                              nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-    StatementHandle statement;
-    if (!succeeded(statement.allocate(connection))) {
-        Tabra_DisplayErrorHdbc(connection);
+    const std::u16string text = formatStatement(connection, u"SELECT * FROM %t", {table}, kStarStatementCapacity);
+    StatementRunner statement(connection, text.c_str());
+    if (statement.allocate() != RunResult::Done ||
+        statement.check(SQLPrepareW(statement.handle(), sqlText(text.c_str()), SQL_NTS)) != RunResult::Done)
         return 2;
-    }
-    if (!succeeded(SQLPrepareW(statement.get(), sqlText(text), SQL_NTS))) {
-        Tabra_DisplayErrorHstmt(statement.get(), text);
-        return 2;
-    }
-    auto count = resultColumnAttribute(statement.get(), 0, SQL_COLUMN_COUNT);
+    auto count = resultColumnAttribute(statement.handle(), 0, SQL_COLUMN_COUNT);
     if (!count) {
-        Tabra_DisplayErrorHstmt(statement.get(), text);
+        statement.fail(SQL_ERROR);
         return 2;
     }
     for (SQLLEN column = 1; column <= *count; ++column) {
         auto column16 = static_cast<SQLUSMALLINT>(column);
-        auto automatic = resultColumnAttribute(statement.get(), column16, SQL_COLUMN_AUTO_INCREMENT);
+        auto automatic = resultColumnAttribute(statement.handle(), column16, SQL_COLUMN_AUTO_INCREMENT);
         if (!automatic) {
-            Tabra_DisplayErrorHstmt(statement.get(), text);
+            statement.fail(SQL_ERROR);
             return 2;
         }
         if (*automatic == 0) continue;
         // The capacity goes to the driver unchanged, as a byte count.
-        if (!succeeded(resultColumnName(statement.get(), column16, output,
-                                        static_cast<SQLSMALLINT>(std::min(capacity, int32_t{32767})), nullptr))) {
-            Tabra_DisplayErrorHstmt(statement.get(), text);
+        if (statement.check(resultColumnName(statement.handle(), column16, output,
+                                             static_cast<SQLSMALLINT>(std::min(capacity, int32_t{32767})),
+                                             nullptr)) != RunResult::Done)
             return 2;
-        }
         return 1;
     }
     return 2;

@@ -1,18 +1,19 @@
 // Primary keys from the catalog: the key's columns in the driver's order, and the
 // key's name. A driver without a primary-key catalog gives the failure value quietly.
-#include "catalog/bound_column.h"
-#include "catalog/catalog_calls.h"
+#include "core/connection/connection_info.h"
+#include "core/odbc/bound_column.h"
 #include "core/odbc/odbc_text.h"
-#include "core/odbc/statement_handle.h"
+#include "core/odbc/statement_runner.h"
 #include "ostrel.h"
+#include "sqltext/sql92_names.h"
 #include "tabra_catalog.h"
-#include "tabra_connection.h"
-#include "tabra_sqltext.h"
 
-using namespace tabra::catalog;
+using tabra::odbc::BoundText;
+using tabra::odbc::RunResult;
 using tabra::odbc::sqlText;
-using tabra::odbc::StatementHandle;
+using tabra::odbc::StatementRunner;
 using tabra::odbc::succeeded;
+using tabra::sqltext::prepareNameForSql92;
 
 namespace {
 
@@ -25,29 +26,18 @@ bool driverHasPrimaryKeys(SQLHDBC connection) {
 
 // Runs the key catalog for the table (null schema and catalog); the table is given in
 // its quoted form where the database type asks for it. Failures are shown.
-bool runPrimaryKeys(SQLHDBC connection, const char16_t *table, StatementHandle &statement) {
-    if (!succeeded(statement.allocate(connection))) {
-        Tabra_DisplayErrorHdbc(connection);
-        return false;
-    }
+bool runPrimaryKeys(SQLHDBC connection, const char16_t *table, StatementRunner &statement) {
+    if (statement.allocate() != RunResult::Done) return false;
     char16_t name[kNameCapacity];
     OstrelCopyString(name, table, kNameCapacity);
-    if (Tabra_GetDatabaseType(connection) == DbMySql) {
-        char16_t quoted[kNameCapacity];
-        Tabra_PrepareNameForSql92(connection, name, quoted, kNameCapacity, 0);
-        OstrelCopyString(name, quoted, kNameCapacity);
-    }
-    if (!succeeded(SQLPrimaryKeysW(statement.get(), nullptr, 0, nullptr, 0, sqlText(name), SQL_NTS))) {
-        Tabra_DisplayErrorHstmt(statement.get(), nullptr);
-        return false;
-    }
-    return true;
+    if (tabra::connection::databaseType(connection) == DbMySql)
+        OstrelCopyString(name, prepareNameForSql92(connection, name, kNameCapacity).c_str(), kNameCapacity);
+    return statement.check(SQLPrimaryKeysW(statement.handle(), nullptr, 0, nullptr, 0, sqlText(name), SQL_NTS)) ==
+           RunResult::Done;
 }
 
 void quoteInPlace(SQLHDBC connection, char16_t *name, int32_t capacity) {
-    char16_t quoted[kNameCapacity];
-    Tabra_PrepareNameForSql92(connection, name, quoted, kNameCapacity, 0);
-    OstrelCopyString(name, quoted, capacity);
+    OstrelCopyString(name, prepareNameForSql92(connection, name, kNameCapacity).c_str(), capacity);
 }
 
 } // namespace
@@ -59,17 +49,17 @@ extern "C" int32_t Tabra_GetPrimaryKeyColumns(SQLHDBC connection, const char16_t
     if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return 2;
     if (Ostrel_IsBlankString(table)) return 1;
     if (separator == nullptr) separator = u"\t";
-    StatementHandle statement;
+    StatementRunner statement(connection, nullptr);
     if (!runPrimaryKeys(connection, table, statement)) return 2;
     BoundText<kNameCapacity> column;
-    column.bind(statement.get(), 4);
-    while (succeeded(SQLFetch(statement.get()))) {
+    column.bind(statement.handle(), 4);
+    while (succeeded(statement.fetch())) {
         if (column.isNull()) column.text[0] = u'\0';
         if (flags & TABRA_FIELDS_QUOTE) quoteInPlace(connection, column.text, kNameCapacity);
         if (output[0] != u'\0') OstrelAppendString(output, separator, capacity);
         OstrelAppendString(output, column.text, capacity);
     }
-    SQLFreeStmt(statement.get(), SQL_UNBIND);
+    SQLFreeStmt(statement.handle(), SQL_UNBIND);
     return 1;
 }
 
@@ -79,13 +69,13 @@ extern "C" int32_t Tabra_GetPrimaryKeyName(SQLHDBC connection, const char16_t *t
     output[0] = u'\0';
     if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return 2;
     if (Ostrel_IsBlankString(table)) return 1;
-    StatementHandle statement;
+    StatementRunner statement(connection, nullptr);
     if (!runPrimaryKeys(connection, table, statement)) return 2;
     BoundText<kNameCapacity> keyName;
-    keyName.bind(statement.get(), 6);
-    if (!succeeded(SQLFetch(statement.get())) || keyName.isNull()) keyName.text[0] = u'\0';
-    SQLFreeStmt(statement.get(), SQL_UNBIND);
-    statement.reset();
+    keyName.bind(statement.handle(), 6);
+    if (!succeeded(statement.fetch()) || keyName.isNull()) keyName.text[0] = u'\0';
+    SQLFreeStmt(statement.handle(), SQL_UNBIND);
+    statement.drop();
     OstrelCopyString(output, keyName.text, capacity);
     if (flags & TABRA_FIELDS_QUOTE) quoteInPlace(connection, output, capacity);
     return 1;

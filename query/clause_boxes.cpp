@@ -4,25 +4,21 @@
 #include "ostrel.h"
 #include "query/clause_editing.h"
 #include "query/clause_items.h"
+#include "sqltext/name_parts.h"
+#include "sqltext/sql92_names.h"
 #include "query/wide_buffer.h"
 #include "tabra_query.h"
-#include "tabra_sqltext.h"
 
 namespace {
 
 using namespace tabra::query;
+using tabra::sqltext::prepareNameForSql92;
+using tabra::sqltext::stripDelimiters;
 
 constexpr int32_t kEntryCapacity = 200;
 constexpr int32_t kQuotedCapacity = 100;
 constexpr int32_t kQuotedTableCapacity = 200;
 constexpr int32_t kLabelCapacity = 50;
-
-std::u16string quoted(SQLHDBC connection, const std::u16string &name, int32_t capacity) {
-    std::u16string prepared(static_cast<size_t>(capacity), u'\0');
-    Tabra_PrepareNameForSql92(connection, name.c_str(), prepared.data(), capacity, 0);
-    prepared.resize(std::char_traits<char16_t>::length(prepared.c_str()));
-    return prepared;
-}
 
 std::u16string boxEntry(HWND box, int32_t index) {
     char16_t entry[kEntryCapacity] = {};
@@ -55,8 +51,8 @@ extern "C" int32_t Tabra_Select_FieldsClause_To_FieldsBox(SQLHDBC connection, co
     int32_t count = 0;
     for (const std::u16string &item : clauseItemsOf(connection, clauseOf(statement, u"SELECT", u""))) {
         auto [column, alias] = columnAndAlias(item, quote);
-        column = strippedName(connection, column);
-        alias = strippedName(connection, alias);
+        column = stripDelimiters(connection, column);
+        alias = stripDelimiters(connection, alias);
         std::u16string entry = column;
         if ((flags & TABRA_BOX_WITH_ALIAS) && !alias.empty()) entry += u"\t" + alias;
         if (Ostrel_AddBoxEntry(box, entry.c_str(), 0, -1, 0) >= 0) ++count;
@@ -75,11 +71,11 @@ extern "C" int32_t Tabra_Select_FieldsBox_To_FieldsClause(SQLHDBC connection, HW
         std::u16string alias = tab == std::u16string::npos ? u"" : entry.substr(tab + 1, 99);
         if (!column.empty() && column[0] == u'*') column = u"*";
         if (!list.empty()) list += u',';
-        list += quoted(connection, column, kQuotedCapacity);
-        std::u16string quotedAlias = alias.empty() ? u"" : quoted(connection, alias, kQuotedCapacity);
+        list += prepareNameForSql92(connection, column.c_str(), kQuotedCapacity);
+        std::u16string quotedAlias = alias.empty() ? u"" : prepareNameForSql92(connection, alias.c_str(), kQuotedCapacity);
         if (!quotedAlias.empty()) list += u" AS " + quotedAlias;
     }
-    return Tabra_Select_Replace_FieldsClause(statement, capacity, list.c_str(), 0);
+    return replaceSelectClause(statement, capacity, SelectClause::Fields, list.c_str());
 }
 
 extern "C" int32_t Tabra_Select_TablesClause_To_TablesBox(SQLHDBC connection, const char16_t *statement, uint32_t,
@@ -88,7 +84,7 @@ extern "C" int32_t Tabra_Select_TablesClause_To_TablesBox(SQLHDBC connection, co
     char16_t quote = identifierQuote(connection);
     int32_t count = 0;
     for (const std::u16string &item : clauseItemsOf(connection, clauseOf(statement, u"FROM", u""))) {
-        std::u16string table = strippedName(connection, tableOfItem(item, quote));
+        std::u16string table = stripDelimiters(connection, tableOfItem(item, quote));
         if (Ostrel_AddBoxEntry(box, table.c_str(), 0, -1, 0) >= 0) ++count;
     }
     return count;
@@ -100,9 +96,9 @@ extern "C" int32_t Tabra_Select_TablesBox_To_TablesClause(SQLHDBC connection, HW
     int32_t entries = Ostrel_GetBoxCount(box);
     for (int32_t i = 0; i < entries; ++i) {
         if (i > 0) list += u',';
-        list += quoted(connection, boxEntry(box, i), kQuotedTableCapacity);
+        list += prepareNameForSql92(connection, boxEntry(box, i).c_str(), kQuotedTableCapacity);
     }
-    return Tabra_Select_Replace_TablesClause(statement, capacity, list.c_str());
+    return replaceSelectClause(statement, capacity, SelectClause::Tables, list.c_str());
 }
 
 extern "C" int32_t Tabra_Select_OrderByClause_To_OrderByBox(SQLHDBC connection, const char16_t *statement,
@@ -113,7 +109,7 @@ extern "C" int32_t Tabra_Select_OrderByClause_To_OrderByBox(SQLHDBC connection, 
     for (const std::u16string &item : clauseItemsOf(connection, clauseOf(statement, u"ORDER", u"BY"))) {
         auto [column, direction] = sortColumnAndDirection(item, quote);
         bool descending = isDescending(direction);
-        std::u16string entry = strippedName(connection, column);
+        std::u16string entry = stripDelimiters(connection, column);
         if (flags & TABRA_BOX_WITH_DIRECTION) entry += u"\t" + directionLabel(descending);
         if (Ostrel_AddBoxEntry(box, entry.c_str(), descending ? 1 : 0, -1, 0) >= 0) ++count;
     }
@@ -127,10 +123,10 @@ extern "C" int32_t Tabra_Select_OrderByBox_To_OrderByClause(SQLHDBC connection, 
     for (int32_t i = 0; i < entries; ++i) {
         std::u16string entry = boxEntry(box, i);
         if (!list.empty()) list += u',';
-        list += quoted(connection, entry.substr(0, entry.find(u'\t')), kQuotedCapacity);
+        list += prepareNameForSql92(connection, entry.substr(0, entry.find(u'\t')).c_str(), kQuotedCapacity);
         if (Ostrel_GetItemData(box, i) != 0) list += u" DESC";
     }
-    return Tabra_Select_Replace_OrderByClause(statement, capacity, list.c_str(), 0);
+    return replaceSelectClause(statement, capacity, SelectClause::OrderBy, list.c_str());
 }
 
 extern "C" int32_t Tabra_OrderByBox_ToggleDirection(HWND box, int32_t index) {

@@ -1,10 +1,7 @@
 // Rules shared by the identifier preparation functions.
 #include "sqltext/identifier_rules.h"
 
-#include "core/odbc/odbc_text.h"
 #include "ostrel.h"
-
-#include <sqlext.h>
 
 namespace tabra::sqltext {
 namespace {
@@ -45,15 +42,6 @@ bool isAllSpaces(std::u16string_view text) {
     for (char16_t c : text)
         if (c != u' ') return false;
     return true;
-}
-
-std::u16string quoteStringOf(SQLHDBC connection) {
-    char16_t quote[11] = {}; // 10 handed over; some drivers count it in characters
-    SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, 10, &length);
-    quote[4] = u'\0'; // a quote string has at most 4 characters
-    if (length < 1 || quote[0] == u' ') return {};
-    return std::u16string(quote);
 }
 
 std::u16string wrapBounded(std::u16string_view part, std::u16string_view quote, size_t capacity) {

@@ -1,5 +1,6 @@
 // The small rules identifier preparation is built from: what a plain identifier is,
-// the connection's quote string, and splitting a dotted name into parts.
+// wrapping in a quote string, and splitting a dotted name into parts. (The
+// connection's quote string comes from core/connection/connection_info.h.)
 #pragma once
 
 #include <sql.h>
@@ -15,10 +16,6 @@ bool isPlainIdentifier(std::u16string_view name);
 
 // Only the space character (code 32) counts for these.
 bool isAllSpaces(std::u16string_view text);
-
-// The identifier quote string the driver reports (at most 4 characters), empty when
-// the driver does not quote (nothing returned, or a space).
-std::u16string quoteStringOf(SQLHDBC connection);
 
 // The text "open + part + close", bounded as a part buffer of the given capacity is:
 // at most capacity - 1 characters, so a part near the limit loses its end.

@@ -1,0 +1,20 @@
+// Names prepared with the connection's identifier quote string: the C++ side of
+// Tabra_PrepareNameForSql92, which every subsystem that writes a user's name into SQL
+// uses.
+#pragma once
+
+#include <sql.h>
+
+#include <cstdint>
+#include <string>
+
+namespace tabra::sqltext {
+
+// The name prepared for the connection as a destination of size characters would hold
+// it (at most size - 1 characters): each dotted part freed of surrounding spaces and
+// quote characters and quoted again unless plain, "*" or blank; a driver that does not
+// quote gets the name as it stands; a blank (or null) name gives the empty text. The
+// quote string is asked again on every call.
+std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size);
+
+} // namespace tabra::sqltext
