@@ -1,10 +1,13 @@
 // Primary keys from the catalog: the key's columns in the driver's order, and the
 // key's name. A driver without a primary-key catalog gives the failure value quietly.
+#include "catalog/primary_keys.h"
+
 #include "core/connection/connection_info.h"
 #include "core/odbc/bound_column.h"
 #include "core/odbc/odbc_text.h"
 #include "core/odbc/statement_runner.h"
 #include "ostrel.h"
+#include "platform/text/bounded_text.h"
 #include "sqltext/sql92_names.h"
 #include "tabra_catalog.h"
 
@@ -13,6 +16,7 @@ using tabra::odbc::RunResult;
 using tabra::odbc::sqlText;
 using tabra::odbc::StatementRunner;
 using tabra::odbc::succeeded;
+using tabra::platform::boundedPrefix;
 using tabra::sqltext::prepareNameForSql92;
 
 namespace {
@@ -36,8 +40,57 @@ bool runPrimaryKeys(SQLHDBC connection, const char16_t *table, StatementRunner &
            RunResult::Done;
 }
 
-void quoteInPlace(SQLHDBC connection, char16_t *name, int32_t capacity) {
-    OstrelCopyString(name, prepareNameForSql92(connection, name, kNameCapacity).c_str(), capacity);
+// The name quoted for the connection, as capacity characters hold it.
+std::u16string quotedName(SQLHDBC connection, const char16_t *name, int32_t capacity) {
+    return std::u16string(boundedPrefix(prepareNameForSql92(connection, name, kNameCapacity), capacity));
+}
+
+} // namespace
+
+namespace tabra::catalog {
+
+std::optional<std::u16string> primaryKeyColumns(SQLHDBC connection, const char16_t *table, int32_t flags,
+                                                std::u16string_view separator, int32_t capacity) {
+    if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return std::nullopt;
+    if (Ostrel_IsBlankString(table)) return std::u16string();
+    StatementRunner statement(connection, nullptr);
+    if (!runPrimaryKeys(connection, table, statement)) return std::nullopt;
+    BoundText<kNameCapacity> column;
+    column.bind(statement.handle(), 4);
+    std::u16string list;
+    auto append = [&](std::u16string_view text) { list += boundedPrefix(text, capacity - list.size()); };
+    while (succeeded(statement.fetch())) {
+        const char16_t *name = column.isNull() ? u"" : column.text;
+        if (!list.empty()) append(separator);
+        append(flags & TABRA_FIELDS_QUOTE ? quotedName(connection, name, kNameCapacity) : std::u16string(name));
+    }
+    SQLFreeStmt(statement.handle(), SQL_UNBIND);
+    return list;
+}
+
+std::optional<std::u16string> primaryKeyName(SQLHDBC connection, const char16_t *table, uint8_t flags,
+                                             int32_t capacity) {
+    if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return std::nullopt;
+    if (Ostrel_IsBlankString(table)) return std::u16string();
+    StatementRunner statement(connection, nullptr);
+    if (!runPrimaryKeys(connection, table, statement)) return std::nullopt;
+    BoundText<kNameCapacity> keyName;
+    keyName.bind(statement.handle(), 6);
+    if (!succeeded(statement.fetch()) || keyName.isNull()) keyName.text[0] = u'\0';
+    SQLFreeStmt(statement.handle(), SQL_UNBIND);
+    statement.drop();
+    std::u16string name(boundedPrefix(keyName.text, capacity));
+    return flags & TABRA_FIELDS_QUOTE ? quotedName(connection, name.c_str(), capacity) : name;
+}
+
+} // namespace tabra::catalog
+
+namespace {
+
+int32_t writeText(const std::optional<std::u16string> &text, char16_t *output, int32_t capacity) {
+    if (!text) return 2;
+    OstrelCopyString(output, text->c_str(), capacity);
+    return 1;
 }
 
 } // namespace
@@ -46,37 +99,14 @@ extern "C" int32_t Tabra_GetPrimaryKeyColumns(SQLHDBC connection, const char16_t
                                               const char16_t *separator, char16_t *output, int32_t capacity) {
     if (output == nullptr || capacity < 1) return 2;
     output[0] = u'\0';
-    if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return 2;
-    if (Ostrel_IsBlankString(table)) return 1;
-    if (separator == nullptr) separator = u"\t";
-    StatementRunner statement(connection, nullptr);
-    if (!runPrimaryKeys(connection, table, statement)) return 2;
-    BoundText<kNameCapacity> column;
-    column.bind(statement.handle(), 4);
-    while (succeeded(statement.fetch())) {
-        if (column.isNull()) column.text[0] = u'\0';
-        if (flags & TABRA_FIELDS_QUOTE) quoteInPlace(connection, column.text, kNameCapacity);
-        if (output[0] != u'\0') OstrelAppendString(output, separator, capacity);
-        OstrelAppendString(output, column.text, capacity);
-    }
-    SQLFreeStmt(statement.handle(), SQL_UNBIND);
-    return 1;
+    return writeText(tabra::catalog::primaryKeyColumns(connection, table, flags, separator ? separator : u"\t",
+                                                       capacity),
+                     output, capacity);
 }
 
 extern "C" int32_t Tabra_GetPrimaryKeyName(SQLHDBC connection, const char16_t *table, uint8_t flags,
                                            char16_t *output, int32_t capacity) {
     if (output == nullptr || capacity < 1) return 2;
     output[0] = u'\0';
-    if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return 2;
-    if (Ostrel_IsBlankString(table)) return 1;
-    StatementRunner statement(connection, nullptr);
-    if (!runPrimaryKeys(connection, table, statement)) return 2;
-    BoundText<kNameCapacity> keyName;
-    keyName.bind(statement.handle(), 6);
-    if (!succeeded(statement.fetch()) || keyName.isNull()) keyName.text[0] = u'\0';
-    SQLFreeStmt(statement.handle(), SQL_UNBIND);
-    statement.drop();
-    OstrelCopyString(output, keyName.text, capacity);
-    if (flags & TABRA_FIELDS_QUOTE) quoteInPlace(connection, output, capacity);
-    return 1;
+    return writeText(tabra::catalog::primaryKeyName(connection, table, flags, capacity), output, capacity);
 }

@@ -2,6 +2,8 @@
 #include "ostrel_text.h"
 #include "query/clause_editing.h"
 #include "query/clause_items.h"
+#include "query/clause_scanners.h"
+#include "platform/text/bounded_text.h"
 #include "sqltext/name_parts.h"
 #include "tabra_query.h"
 
@@ -39,30 +41,47 @@ std::u16string sortName(SQLHDBC connection, const std::u16string &item, char16_t
     return name;
 }
 
-constexpr ClauseScan kFieldsScan{u"SELECT", u"", u"FROM", resultName};
-constexpr ClauseScan kTablesScan{u"FROM", u"", u"SELECT", tableName};
-constexpr ClauseScan kOrderByScan{u"ORDER", u"BY", u"", sortName};
+constexpr ClauseScan kScans[] = {
+    {u"SELECT", u"", u"FROM", resultName}, // ScannedClause::Fields
+    {u"FROM", u"", u"SELECT", tableName},  // ScannedClause::Tables
+    {u"ORDER", u"BY", u"", sortName},      // ScannedClause::OrderBy
+};
 
-// The names of the clause's items that are not empty, joined by the separator (null:
-// ","), into out; -1 for a bad output or a missing clause where one is required.
-int32_t scan(const ClauseScan &how, SQLHDBC connection, const char16_t *statement, const char16_t *separator,
-             uint32_t flags, char16_t *out, int32_t outChars) {
-    if (out == nullptr || outChars < 1) return -1;
-    out[0] = u'\0';
-    if (statement == nullptr || statement[0] == u'\0') return 0;
+} // namespace
+
+namespace tabra::query {
+
+std::optional<std::u16string> scanClause(SQLHDBC connection, std::u16string_view statement, ScannedClause which,
+                                         std::u16string_view separator, uint32_t flags) {
+    const ClauseScan &how = kScans[static_cast<size_t>(which)];
+    if (statement.empty()) return std::u16string();
     std::optional<std::u16string> clause = extractClause(statement, how.keyword, how.secondKeyword);
-    if (!clause) return how.required.empty() ? 0 : -1;
-    if (!how.required.empty() && !extractClause(statement, how.required, u"")) return -1;
+    if (!clause) return how.required.empty() ? std::optional<std::u16string>(u"") : std::nullopt;
+    if (!how.required.empty() && !extractClause(statement, how.required, u"")) return std::nullopt;
     const char16_t quote = identifierQuote(connection);
-    const std::u16string_view joiner = separator ? separator : u",";
     std::u16string names;
     for (const std::u16string &item : clauseItemsOf(connection, *clause)) {
         std::u16string name = how.name(connection, item, quote, flags);
         if (name.empty()) continue;
-        if (!names.empty()) names += joiner;
+        if (!names.empty()) names += separator;
         names += name;
     }
-    OstrelCopyString(out, names.c_str(), outChars);
+    return names;
+}
+
+} // namespace tabra::query
+
+namespace {
+
+// The scan into out: -1 for a bad output or a missing clause where one is required.
+int32_t scan(ScannedClause which, SQLHDBC connection, const char16_t *statement, const char16_t *separator,
+             uint32_t flags, char16_t *out, int32_t outChars) {
+    if (out == nullptr || outChars < 1) return -1;
+    out[0] = u'\0';
+    const auto names = scanClause(connection, tabra::platform::viewOf(statement), which, separator ? separator : u",",
+                                  flags);
+    if (!names) return -1;
+    OstrelCopyString(out, names->c_str(), outChars);
     return 0;
 }
 
@@ -71,32 +90,32 @@ int32_t scan(const ClauseScan &how, SQLHDBC connection, const char16_t *statemen
 extern "C" int32_t Tabra_SelectScanFieldsClause(SQLHDBC connection, const char16_t *statement,
                                                 const char16_t *separator, uint32_t flags, char16_t *out,
                                                 int32_t outChars) {
-    return scan(kFieldsScan, connection, statement, separator, flags, out, outChars);
+    return scan(ScannedClause::Fields, connection, statement, separator, flags, out, outChars);
 }
 
 extern "C" int32_t Tabra_SelectScanTablesClause(SQLHDBC connection, const char16_t *statement,
                                                 const char16_t *separator, uint32_t flags, char16_t *out,
                                                 int32_t outChars) {
-    return scan(kTablesScan, connection, statement, separator, flags, out, outChars);
+    return scan(ScannedClause::Tables, connection, statement, separator, flags, out, outChars);
 }
 
 extern "C" int32_t Tabra_SelectScanOrderByClause(SQLHDBC connection, const char16_t *statement,
                                                  const char16_t *separator, uint32_t flags, char16_t *out,
                                                  int32_t outChars) {
-    return scan(kOrderByScan, connection, statement, separator, flags, out, outChars);
+    return scan(ScannedClause::OrderBy, connection, statement, separator, flags, out, outChars);
 }
 
 extern "C" int32_t Tabra_Select_Scan_FieldsClause(const char16_t *statement, const char16_t *separator, int32_t,
                                                   char16_t *out, int32_t outChars) {
-    return scan(kFieldsScan, nullptr, statement, separator, 0, out, outChars);
+    return scan(ScannedClause::Fields, nullptr, statement, separator, 0, out, outChars);
 }
 
 extern "C" int32_t Tabra_Select_Scan_TablesClause(const char16_t *statement, const char16_t *separator, int32_t,
                                                   char16_t *out, int32_t outChars) {
-    return scan(kTablesScan, nullptr, statement, separator, 0, out, outChars);
+    return scan(ScannedClause::Tables, nullptr, statement, separator, 0, out, outChars);
 }
 
 extern "C" int32_t Tabra_Select_Scan_OrderByClause(const char16_t *statement, const char16_t *separator, int32_t,
                                                    char16_t *out, int32_t outChars) {
-    return scan(kOrderByScan, nullptr, statement, separator, 0, out, outChars);
+    return scan(ScannedClause::OrderBy, nullptr, statement, separator, 0, out, outChars);
 }

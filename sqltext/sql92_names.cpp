@@ -39,6 +39,32 @@ std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int
     return prepareWithQuote(name, identifierQuote(connection).quoteString(), size);
 }
 
+std::u16string prepareNameList(SQLHDBC connection, std::u16string_view list, int32_t size, char16_t inputSeparator,
+                               char16_t outputSeparator) {
+    std::u16string prepared;
+    if (size < 1) return prepared;
+    const std::u16string copy(list);
+    int32_t remaining = size;
+    int32_t tokenPosition = 0;
+    bool first = true;
+    char16_t item[kItemCapacity];
+    while (Ostrel_ReadToken(copy.c_str(), &tokenPosition, inputSeparator, item, kItemCapacity) == 1) {
+        // The quote string is asked again for every item.
+        const std::u16string name = prepareNameForSql92(connection, item, kItemCapacity);
+        const auto room = static_cast<size_t>(size - 1);
+        // The separator is written when 3 characters remain and not counted; an item
+        // only when it fits. Nothing goes past the list's capacity.
+        if (!first && remaining >= 3 && prepared.size() < room) prepared += outputSeparator;
+        first = false;
+        auto length = static_cast<int32_t>(name.size());
+        if (remaining > length) {
+            prepared.append(name, 0, room - prepared.size());
+            remaining -= length;
+        }
+    }
+    return prepared;
+}
+
 } // namespace tabra::sqltext
 
 extern "C" void Tabra_PrepareNameForSql92(SQLHDBC connection, const char16_t *name, char16_t *destination,
@@ -50,29 +76,10 @@ extern "C" void Tabra_PrepareNameForSql92(SQLHDBC connection, const char16_t *na
 extern "C" void Tabra_PrepareNameListForSql92(SQLHDBC connection, char16_t *list, int32_t size,
                                               char16_t inputSeparator, char16_t outputSeparator) {
     if (list == nullptr || size < 1) return;
-    std::u16string copy(list, std::find(list, list + size, u'\0'));
-
-    int32_t remaining = size;
-    int32_t position = 0;
-    int32_t tokenPosition = 0;
-    bool first = true;
-    char16_t item[kItemCapacity];
-    while (Ostrel_ReadToken(copy.c_str(), &tokenPosition, inputSeparator, item, kItemCapacity) == 1) {
-        // The quote string is asked again for every item.
-        const std::u16string prepared = prepareNameForSql92(connection, item, kItemCapacity);
-        // The separator is written when 3 characters remain and not counted; an item
-        // only when it fits. Nothing is ever written past the end of the list buffer.
-        if (!first && remaining >= 3 && position < size - 1) list[position++] = outputSeparator;
-        first = false;
-        auto length = static_cast<int32_t>(prepared.size());
-        if (remaining > length) {
-            int32_t fits = std::min(length, size - 1 - position);
-            std::copy_n(prepared.begin(), fits, list + position);
-            position += fits;
-            remaining -= length;
-        }
-    }
-    if (remaining >= 1) list[std::min(position, size - 1)] = u'\0';
+    const std::u16string prepared =
+        prepareNameList(connection, std::u16string_view(list, std::find(list, list + size, u'\0') - list), size,
+                        inputSeparator, outputSeparator);
+    OstrelCopyString(list, prepared.c_str(), size);
 }
 
 extern "C" void Tabra_QuoteNameIfNotPureSql(SQLHDBC connection, char16_t *name, int32_t size) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tabra::sqltext {
 
@@ -16,5 +17,12 @@ namespace tabra::sqltext {
 // quote gets the name as it stands; a blank (or null) name gives the empty text. The
 // quote string is asked again on every call.
 std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size);
+
+// A separated list with each item (split at inputSeparator, 199 characters each)
+// prepared as above and joined by outputSeparator, as a list buffer of size
+// characters holds it: a separator is written while at least 3 characters remain (and
+// not counted), an item only when it fits whole; blank items stay empty.
+std::u16string prepareNameList(SQLHDBC connection, std::u16string_view list, int32_t size, char16_t inputSeparator,
+                               char16_t outputSeparator);
 
 } // namespace tabra::sqltext
