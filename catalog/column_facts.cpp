@@ -15,12 +15,7 @@
 #include <optional>
 #include <string>
 
-using tabra::odbc::resultColumnAttribute;
-using tabra::odbc::resultColumnName;
-using tabra::odbc::RunResult;
-using tabra::odbc::sqlText;
-using tabra::odbc::StatementRunner;
-using tabra::odbc::succeeded;
+using namespace tabra::odbc;
 using tabra::sqltext::formatStatement;
 
 namespace {

@@ -11,12 +11,7 @@
 
 using namespace tabra::catalog;
 using tabra::diagnostics::showOdbcError;
-using tabra::odbc::BoundText;
-using tabra::odbc::resultColumnAttribute;
-using tabra::odbc::resultColumnName;
-using tabra::odbc::RunResult;
-using tabra::odbc::StatementRunner;
-using tabra::odbc::succeeded;
+using namespace tabra::odbc;
 using tabra::platform::equalIgnoringCase;
 
 namespace {

@@ -20,11 +20,7 @@
 #include <vector>
 
 using namespace tabra::catalog;
-using tabra::odbc::BoundShort;
-using tabra::odbc::BoundText;
-using tabra::odbc::RunResult;
-using tabra::odbc::StatementRunner;
-using tabra::odbc::succeeded;
+using namespace tabra::odbc;
 
 namespace {
 

@@ -11,11 +11,7 @@
 #include "sqltext/sql92_names.h"
 #include "tabra_catalog.h"
 
-using tabra::odbc::BoundText;
-using tabra::odbc::RunResult;
-using tabra::odbc::sqlText;
-using tabra::odbc::StatementRunner;
-using tabra::odbc::succeeded;
+using namespace tabra::odbc;
 using tabra::platform::boundedPrefix;
 using tabra::sqltext::prepareNameForSql92;
 
@@ -45,42 +41,50 @@ std::u16string quotedName(SQLHDBC connection, const char16_t *name, int32_t capa
     return std::u16string(boundedPrefix(prepareNameForSql92(connection, name, kNameCapacity), capacity));
 }
 
+// Runs the key catalog and hands its rows to read, which binds what it needs; the
+// columns are unbound and the handle dropped afterwards. nullopt without a key catalog
+// (quietly) or after a failure (shown); the empty text for a blank table.
+template <typename Read>
+std::optional<std::u16string> readKeyRows(SQLHDBC connection, const char16_t *table, Read read) {
+    if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return std::nullopt;
+    if (Ostrel_IsBlankString(table)) return std::u16string();
+    StatementRunner statement(connection, nullptr);
+    if (!runPrimaryKeys(connection, table, statement)) return std::nullopt;
+    std::u16string rows = read(statement);
+    SQLFreeStmt(statement.handle(), SQL_UNBIND);
+    return rows;
+}
+
 } // namespace
 
 namespace tabra::catalog {
 
 std::optional<std::u16string> primaryKeyColumns(SQLHDBC connection, const char16_t *table, int32_t flags,
                                                 std::u16string_view separator, int32_t capacity) {
-    if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return std::nullopt;
-    if (Ostrel_IsBlankString(table)) return std::u16string();
-    StatementRunner statement(connection, nullptr);
-    if (!runPrimaryKeys(connection, table, statement)) return std::nullopt;
-    BoundText<kNameCapacity> column;
-    column.bind(statement.handle(), 4);
-    std::u16string list;
-    auto append = [&](std::u16string_view text) { list += boundedPrefix(text, capacity - list.size()); };
-    while (succeeded(statement.fetch())) {
-        const char16_t *name = column.isNull() ? u"" : column.text;
-        if (!list.empty()) append(separator);
-        append(flags & TABRA_FIELDS_QUOTE ? quotedName(connection, name, kNameCapacity) : std::u16string(name));
-    }
-    SQLFreeStmt(statement.handle(), SQL_UNBIND);
-    return list;
+    return readKeyRows(connection, table, [&](StatementRunner &statement) {
+        BoundText<kNameCapacity> column;
+        column.bind(statement.handle(), 4);
+        std::u16string list;
+        auto append = [&](std::u16string_view text) { list += boundedPrefix(text, capacity - list.size()); };
+        while (succeeded(statement.fetch())) {
+            const char16_t *name = column.isNull() ? u"" : column.text;
+            if (!list.empty()) append(separator);
+            append(flags & TABRA_FIELDS_QUOTE ? quotedName(connection, name, kNameCapacity) : std::u16string(name));
+        }
+        return list;
+    });
 }
 
 std::optional<std::u16string> primaryKeyName(SQLHDBC connection, const char16_t *table, uint8_t flags,
                                              int32_t capacity) {
-    if (connection == SQL_NULL_HDBC || !driverHasPrimaryKeys(connection)) return std::nullopt;
-    if (Ostrel_IsBlankString(table)) return std::u16string();
-    StatementRunner statement(connection, nullptr);
-    if (!runPrimaryKeys(connection, table, statement)) return std::nullopt;
-    BoundText<kNameCapacity> keyName;
-    keyName.bind(statement.handle(), 6);
-    if (!succeeded(statement.fetch()) || keyName.isNull()) keyName.text[0] = u'\0';
-    SQLFreeStmt(statement.handle(), SQL_UNBIND);
-    statement.drop();
-    std::u16string name(boundedPrefix(keyName.text, capacity));
-    return flags & TABRA_FIELDS_QUOTE ? quotedName(connection, name.c_str(), capacity) : name;
+    auto name = readKeyRows(connection, table, [&](StatementRunner &statement) {
+        BoundText<kNameCapacity> keyName;
+        keyName.bind(statement.handle(), 6);
+        if (!succeeded(statement.fetch()) || keyName.isNull()) keyName.text[0] = u'\0';
+        return std::u16string(boundedPrefix(keyName.text, capacity));
+    });
+    if (name && (flags & TABRA_FIELDS_QUOTE)) *name = quotedName(connection, name->c_str(), capacity);
+    return name;
 }
 
 } // namespace tabra::catalog

@@ -8,13 +8,10 @@
 namespace tabra::connection {
 namespace {
 
-// Text answers are read into a buffer with room for 10 more characters than the
-// bytes handed over ask for: some drivers count the length in characters.
+// The lengths handed over as byte counts; the answers are read into buffers with room
+// for as many characters, as some drivers count the length in characters.
 constexpr SQLSMALLINT kQuoteBytes = 10;
-constexpr SQLSMALLINT kQuoteBufferCharacters = 11;
-constexpr size_t kQuoteLength = 4;
 constexpr SQLSMALLINT kDbmsNameBytes = 100;
-constexpr size_t kDbmsNameLength = 49;
 
 char16_t asciiUpper(char16_t c) { return (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c; }
 
@@ -30,10 +27,10 @@ bool equalsIgnoringCase(std::u16string_view text, std::u16string_view upper) {
 IdentifierQuote identifierQuote(SQLHDBC connection) {
     IdentifierQuote quote;
     if (connection == SQL_NULL_HDBC) return quote;
-    char16_t reply[kQuoteBufferCharacters] = {};
+    char16_t reply[kQuoteBytes + 1] = {};
     SQLRETURN rc = SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, reply, kQuoteBytes, &quote.length);
     quote.answered = SQL_SUCCEEDED(rc);
-    reply[kQuoteLength] = u'\0';
+    reply[4] = u'\0'; // a quote string has at most 4 characters
     quote.text = reply;
     return quote;
 }
@@ -52,7 +49,7 @@ std::u16string dbmsName(SQLHDBC connection) {
     char16_t name[kDbmsNameBytes + 1] = {};
     SQLSMALLINT length = 0;
     if (!SQL_SUCCEEDED(SQLGetInfoW(connection, SQL_DBMS_NAME, name, kDbmsNameBytes, &length))) return {};
-    name[kDbmsNameLength] = u'\0';
+    name[49] = u'\0'; // the name is read as its first 49 characters
     return name;
 }
 
