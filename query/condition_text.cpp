@@ -73,39 +73,19 @@ std::u16string conditionText(SQLHDBC connection, std::u16string_view text, const
     return condition;
 }
 
-std::u16string groupText(SQLHDBC connection, std::u16string_view group, const ExpansionChars &expansion) {
-    std::u16string text = u"(";
-    size_t room = kGroupRoom;
-    bool any = false;
-    for (std::u16string_view line : splitNonEmpty(group, kLineEnd)) {
-        std::u16string condition = conditionText(connection, line, expansion);
-        if (condition.empty()) continue;
-        if (any && room >= 6) {
-            text += u" AND ";
-            room -= 5;
-        }
-        any = true;
-        if (condition.size() < room) {
-            text += condition;
-            room -= condition.size();
-        }
-    }
-    if (!any) return {};
-    if (room >= 2) text += u')';
-    return text;
-}
+namespace {
 
-std::u16string whereText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars,
-                         const ExpansionChars &expansion) {
-    std::u16string text;
-    size_t room = outChars;
-    bool any = false;
-    for (std::u16string_view group : splitNonEmpty(descriptor, kGroupSeparator)) {
-        std::u16string piece = groupText(connection, group, expansion);
-        if (piece.empty()) continue;
+// Pieces joined as the bounded work buffers join them: the joiner only while at least
+// 6 characters are left (and counted), a piece only when it is shorter than the room.
+class BoundedJoin {
+public:
+    BoundedJoin(std::u16string start, size_t room, std::u16string_view joiner)
+        : text(std::move(start)), room(room), joiner_(joiner) {}
+    void add(const std::u16string &piece) {
+        if (piece.empty()) return;
         if (any && room >= 6) {
-            text += u" OR ";
-            room -= 4;
+            text += joiner_;
+            room -= joiner_.size();
         }
         any = true;
         if (piece.size() < room) {
@@ -113,7 +93,30 @@ std::u16string whereText(SQLHDBC connection, std::u16string_view descriptor, siz
             room -= piece.size();
         }
     }
-    return text;
+    std::u16string text;
+    size_t room;
+    bool any = false;
+
+private:
+    std::u16string_view joiner_;
+};
+
+} // namespace
+
+std::u16string groupText(SQLHDBC connection, std::u16string_view group, const ExpansionChars &expansion) {
+    BoundedJoin conditions(u"(", kGroupRoom, u" AND ");
+    for (std::u16string_view line : splitNonEmpty(group, kLineEnd)) conditions.add(conditionText(connection, line, expansion));
+    if (!conditions.any) return {};
+    if (conditions.room >= 2) conditions.text += u')';
+    return conditions.text;
+}
+
+std::u16string whereText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars,
+                         const ExpansionChars &expansion) {
+    BoundedJoin groups(u"", outChars, u" OR ");
+    for (std::u16string_view group : splitNonEmpty(descriptor, kGroupSeparator))
+        groups.add(groupText(connection, group, expansion));
+    return groups.text;
 }
 
 std::u16string setText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars) {
