@@ -25,11 +25,10 @@ std::u16string wrapBounded(std::u16string_view part, std::u16string_view quote, 
 std::vector<std::u16string> splitDottedParts(std::u16string_view name, size_t maxLength);
 
 // Prepares one name with a known, non-empty quote string (each dotted part trimmed of
-// spaces and quote characters, then quoted unless plain, "*" or blank) and writes it
-// with the list accounting: "." before every part but the first when at least 3
-// characters remain (not counted), a part only when it fits. The writes never pass
-// the destination's size.
-void writePreparedName(std::u16string_view name, std::u16string_view quote, char16_t *destination,
-                       int32_t size);
+// spaces and quote characters, then quoted unless plain, "*" or blank) into out, as a
+// destination of size characters holds it, with the list accounting: "." before every
+// part but the first when at least 3 characters remain (not counted), a part only when
+// it fits.
+void writePreparedName(std::u16string_view name, std::u16string_view quote, int32_t size, std::u16string &out);
 
 } // namespace tabra::sqltext

@@ -20,23 +20,24 @@ namespace {
 
 constexpr int32_t kItemCapacity = 200; // one list item: 199 characters and a terminator
 
-// The name with a known quote string (empty: the name as it stands), as size
-// characters hold it.
-std::u16string prepareWithQuote(std::u16string_view name, std::u16string_view quote, int32_t size) {
-    if (quote.empty()) return std::u16string(boundedPrefix(name, static_cast<size_t>(size)));
-    std::u16string prepared(static_cast<size_t>(size), u'\0');
-    writePreparedName(name, quote, prepared.data(), size);
-    prepared.resize(std::char_traits<char16_t>::length(prepared.c_str()));
-    return prepared;
-}
-
 } // namespace
 
 namespace tabra::sqltext {
 
+void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out) {
+    out.clear();
+    if (size < 1 || Ostrel_IsBlankString(name)) return;
+    const std::u16string quote = identifierQuote(connection).quoteString();
+    if (quote.empty())
+        out = boundedPrefix(name, static_cast<size_t>(size));
+    else
+        writePreparedName(name, quote, size, out);
+}
+
 std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size) {
-    if (size < 1 || Ostrel_IsBlankString(name)) return {};
-    return prepareWithQuote(name, identifierQuote(connection).quoteString(), size);
+    std::u16string prepared;
+    prepareNameForSql92(connection, name, size, prepared);
+    return prepared;
 }
 
 std::u16string prepareNameList(SQLHDBC connection, std::u16string_view list, int32_t size, char16_t inputSeparator,
@@ -44,13 +45,14 @@ std::u16string prepareNameList(SQLHDBC connection, std::u16string_view list, int
     std::u16string prepared;
     if (size < 1) return prepared;
     const std::u16string copy(list);
+    std::u16string name;
     int32_t remaining = size;
     int32_t tokenPosition = 0;
     bool first = true;
     char16_t item[kItemCapacity];
     while (Ostrel_ReadToken(copy.c_str(), &tokenPosition, inputSeparator, item, kItemCapacity) == 1) {
         // The quote string is asked again for every item.
-        const std::u16string name = prepareNameForSql92(connection, item, kItemCapacity);
+        prepareNameForSql92(connection, item, kItemCapacity, name);
         const auto room = static_cast<size_t>(size - 1);
         // The separator is written when 3 characters remain and not counted; an item
         // only when it fits. Nothing goes past the list's capacity.

@@ -17,6 +17,8 @@ namespace tabra::sqltext {
 // quote gets the name as it stands; a blank (or null) name gives the empty text. The
 // quote string is asked again on every call.
 std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size);
+// The same into out (its room is reused).
+void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out);
 
 // A separated list with each item (split at inputSeparator, 199 characters each)
 // prepared as above and joined by outputSeparator, as a list buffer of size

@@ -8,20 +8,32 @@
 #include "sqltext/sql92_names.h"
 #include "tabra_sqltext.h"
 
+#include <algorithm>
 
 namespace {
 
 constexpr int32_t kWorkCapacity = 300;
 constexpr size_t kUsableArguments = 7;
 
-} // namespace
+// Where a statement goes: the caller's buffer (the exported function writes straight
+// into it) or a text.
+struct BufferOut {
+    char16_t *at;
+    void push_back(char16_t c) { *at++ = c; }
+    void append(std::u16string_view text) { at = std::copy(text.begin(), text.end(), at); }
+};
 
-namespace tabra::sqltext {
+struct TextOut {
+    std::u16string &text;
+    void push_back(char16_t c) { text.push_back(c); }
+    void append(std::u16string_view piece) { text.append(piece); }
+};
 
-std::u16string formatStatement(SQLHDBC connection, const char16_t *format,
-                               std::initializer_list<const char16_t *> given, int32_t size) {
-    std::u16string out;
-    if (size < 1) return out;
+// The statement into out, at most size - 2 characters (a piece that does not fit ends
+// it), so that a terminator always fits behind.
+template <typename Out>
+void formatInto(SQLHDBC connection, const char16_t *format, std::initializer_list<const char16_t *> given,
+                int32_t size, Out &out) {
     // Arguments beyond those given count as null.
     auto argument = [&given](size_t index) { return index < given.size() ? given.begin()[index] : nullptr; };
     int32_t remaining = size;
@@ -31,7 +43,7 @@ std::u16string formatStatement(SQLHDBC connection, const char16_t *format,
     const char16_t *f = format ? format : u"";
     while (*f != u'\0' && remaining > 2) {
         if (*f != u'%') {
-            out += *f++;
+            out.push_back(*f++);
             --remaining;
             continue;
         }
@@ -44,10 +56,10 @@ std::u16string formatStatement(SQLHDBC connection, const char16_t *format,
         switch (placeholder) {
         case u't':
         case u'f':
-            work = prepareNameForSql92(connection, argument(taken++), kWorkCapacity);
+            tabra::sqltext::prepareNameForSql92(connection, argument(taken++), kWorkCapacity, work);
             break;
         case u's':
-            work = platform::boundedPrefix(platform::viewOf(argument(taken++)), kWorkCapacity);
+            work.assign(tabra::platform::boundedPrefix(tabra::platform::viewOf(argument(taken++)), kWorkCapacity));
             break;
         case u'.':
             if (taken > 0 && !Ostrel_IsBlankString(argument(taken - 1))) work = u".";
@@ -57,10 +69,21 @@ std::u16string formatStatement(SQLHDBC connection, const char16_t *format,
         }
         auto length = static_cast<int32_t>(work.size());
         if (length + 2 > remaining) break; // cut silently here
-        out += work;
+        out.append(work);
         remaining -= length;
     }
-    return out;
+}
+
+} // namespace
+
+namespace tabra::sqltext {
+
+std::u16string formatStatement(SQLHDBC connection, const char16_t *format,
+                               std::initializer_list<const char16_t *> arguments, int32_t size) {
+    std::u16string text;
+    TextOut out{text};
+    if (size >= 1) formatInto(connection, format, arguments, size, out);
+    return text;
 }
 
 } // namespace tabra::sqltext
@@ -70,8 +93,7 @@ extern "C" void Tabra_SprintfSqlStatement(SQLHDBC connection, char16_t *destinat
                                           const char16_t *a3, const char16_t *a4, const char16_t *a5,
                                           const char16_t *a6, const char16_t *a7, const char16_t *) {
     if (destination == nullptr || size < 1) return;
-    // The statement always leaves room for its terminator.
-    OstrelCopyString(destination,
-                     tabra::sqltext::formatStatement(connection, format, {a1, a2, a3, a4, a5, a6, a7}, size).c_str(),
-                     size);
+    BufferOut out{destination};
+    formatInto(connection, format, {a1, a2, a3, a4, a5, a6, a7}, size, out);
+    *out.at = u'\0'; // always room for it: the statement leaves it
 }
