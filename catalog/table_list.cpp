@@ -23,7 +23,8 @@ constexpr int32_t kEntryCapacity = 200; // one entry: schema.table
 
 // Fetches the catalog's rows and joins an entry per row as a buffer of capacity holds
 // it. The bare table name decides whether an entry still fits (the writes are bounded
-// anyway); entryOf gives a row's entry, or nullopt to leave the row out.
+// anyway); entryOf(table, entry) writes a row's entry into the empty entry, or answers
+// false to leave the row out.
 template <typename EntryOf>
 std::u16string joinTableNames(StatementRunner &statement, BoundText<kColumnCapacity> &tableName, int32_t capacity,
                               std::u16string_view separator, EntryOf entryOf) {
@@ -34,18 +35,19 @@ std::u16string joinTableNames(StatementRunner &statement, BoundText<kColumnCapac
     const auto separatorLength = static_cast<int32_t>(separator.size());
     int32_t remaining = capacity;
     bool first = true;
+    std::u16string entry; // its room is reused row after row
     while (statement.fetch() == SQL_SUCCESS) {
         if (tableName.isNull()) tableName.text[0] = u'\0';
         if (textLength(tableName.text) + separatorLength >= remaining) break;
-        std::optional<std::u16string> entry = entryOf(std::u16string_view(tableName.text));
-        if (!entry) continue;
+        entry.clear();
+        if (!entryOf(std::u16string_view(tableName.text), entry)) continue;
         if (!first) {
             append(separator);
             remaining -= separatorLength;
         }
         first = false;
-        append(*entry);
-        remaining -= static_cast<int32_t>(entry->size());
+        append(entry);
+        remaining -= static_cast<int32_t>(entry.size());
     }
     return list;
 }
@@ -66,16 +68,16 @@ std::optional<std::u16string> tableList(SQLHDBC connection, int32_t typeFlags, c
 
     const bool qualifying = schemas && (qualify & TABRA_QUALIFY_SCHEMA) != 0;
     return joinTableNames(statement, tableName, capacity, separator,
-                          [&](std::u16string_view table) -> std::optional<std::u16string> {
+                          [&](std::u16string_view table, std::u16string &entry) {
                               if ((typeFlags & TABRA_TABLE_TYPE_SYSTEM_TABLE) == 0 && isBookkeepingTable(table))
-                                  return std::nullopt;
-                              std::u16string entry;
+                                  return false;
                               if (qualifying && !schemaName.isNull() && !Ostrel_IsBlankString(schemaName.text)) {
-                                  entry = schemaName.text;
+                                  entry += schemaName.text;
                                   entry += u'.';
                               }
                               entry += table;
-                              return std::u16string(platform::boundedPrefix(entry, kEntryCapacity));
+                              entry.resize(platform::boundedPrefix(entry, kEntryCapacity).size());
+                              return true;
                           });
 }
 
@@ -88,7 +90,10 @@ std::optional<std::u16string> plainTableList(SQLHDBC connection, int32_t typeFla
     BoundText<kColumnCapacity> tableName;
     tableName.bind(statement.handle(), 3, kColumnDeclared);
     return joinTableNames(statement, tableName, capacity, separator,
-                          [](std::u16string_view table) { return std::optional<std::u16string>(table); });
+                          [](std::u16string_view table, std::u16string &entry) {
+                              entry += table;
+                              return true;
+                          });
 }
 
 } // namespace tabra::catalog
