@@ -109,7 +109,8 @@ TABRA_INSTANTIATE_BACKEND_TEST(IdentifierQuotingTest);
 
 class SchemaQualifiedNamesTest : public BackendTest {};
 
-TEST_P(SchemaQualifiedNamesTest, SchemaAndTableOnPostgreSQL) {
+// (The name must not hold a server's name: ctest gives a test the lock of the server it names.)
+TEST_P(SchemaQualifiedNamesTest, SchemaAndTableWhereSchemasAreKnown) {
     if (backend() != Backend::PostgreSQL) GTEST_SKIP() << "only PostgreSQL knows schemas here";
     auto connection = connect();
     SQLHDBC h = connection.handle();
