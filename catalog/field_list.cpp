@@ -1,23 +1,26 @@
 // Field lists: the columns of one or more tables as one separated text, in the
 // catalog's order, optionally qualified, quoted, typed or limited to NOT NULL columns.
 // Two passes over the catalog: one counts the columns, one reads them into records.
-#include "catalog/bound_column.h"
+#include "catalog/field_list.h"
+
 #include "catalog/catalog_calls.h"
+#include "core/connection/connection_info.h"
+#include "core/odbc/bound_column.h"
+#include "core/odbc/statement_runner.h"
 #include "core/resource_ids.h"
-#include "core/odbc/odbc_text.h"
-#include "core/odbc/statement_handle.h"
 #include "ostrel.h"
+#include "platform/text/bounded_text.h"
+#include "sqltext/name_parts.h"
+#include "sqltext/sql92_names.h"
 #include "tabra_catalog.h"
 #include "tabra_connection.h"
-#include "tabra_sqltext.h"
 
 #include <new>
 #include <string>
 #include <vector>
 
 using namespace tabra::catalog;
-using tabra::odbc::StatementHandle;
-using tabra::odbc::succeeded;
+using namespace tabra::odbc;
 
 namespace {
 
@@ -40,7 +43,7 @@ struct FieldRecord {
 void splitForCount(SQLHDBC connection, const char16_t *entry, std::u16string &schema, std::u16string &table) {
     std::u16string text(entry);
     auto point = text.find(u'.');
-    if (Tabra_GetSchemaUsage(connection) != 0 && point != std::u16string::npos) {
+    if (tabra::connection::schemaUsage(connection) != 0 && point != std::u16string::npos) {
         schema = text.substr(0, point).substr(0, kPartCapacity - 1);
         auto next = text.find(u'.', point + 1);
         table = text.substr(point + 1, next == std::u16string::npos ? std::u16string::npos : next - point - 1)
@@ -67,20 +70,16 @@ void qualifyName(FieldRecord &record) {
 
 } // namespace
 
-extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, int32_t flags,
-                                   const char16_t *separator, char16_t *output, int32_t capacity) {
-    if (flags & TABRA_FIELDS_QUOTE_ALSO) flags |= TABRA_FIELDS_QUOTE;
-    if (output == nullptr || capacity < 1) return 2;
-    output[0] = u'\0';
-    if (tables == nullptr || tables[0] == u'\0') return 1;
-    if (connection == SQL_NULL_HDBC) return 2;
-    if (separator == nullptr) separator = u"\t";
+namespace tabra::catalog {
 
-    StatementHandle statement;
-    if (!succeeded(statement.allocate(connection))) {
-        Tabra_DisplayErrorHdbc(connection);
-        return 2;
-    }
+std::optional<std::u16string> fieldList(SQLHDBC connection, const char16_t *tables, int32_t flags,
+                                        std::u16string_view separator, int32_t capacity) {
+    if (flags & TABRA_FIELDS_QUOTE_ALSO) flags |= TABRA_FIELDS_QUOTE;
+    if (tables == nullptr || tables[0] == u'\0') return std::u16string();
+    if (connection == SQL_NULL_HDBC) return std::nullopt;
+
+    StatementRunner statement(connection, nullptr);
+    if (statement.allocate() != RunResult::Done) return std::nullopt;
 
     // Counting pass, over all tables together.
     char16_t entry[kEntryCapacity];
@@ -89,12 +88,10 @@ extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, i
     std::u16string schema, table;
     while (Ostrel_ReadToken(tables, &position, u'\t', entry, kEntryCapacity) == 1) {
         splitForCount(connection, entry, schema, table);
-        if (!succeeded(callColumns(statement.get(), schema.c_str(), table.c_str()))) {
-            Tabra_DisplayErrorHstmt(statement.get(), nullptr);
-            return 2;
-        }
-        while (succeeded(SQLFetch(statement.get()))) ++total;
-        closeCursor(statement.get());
+        if (statement.check(callColumns(statement.handle(), schema.c_str(), table.c_str())) != RunResult::Done)
+            return std::nullopt;
+        while (succeeded(statement.fetch())) ++total;
+        closeCursor(statement.handle());
     }
 
     std::vector<FieldRecord> records;
@@ -102,36 +99,36 @@ extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, i
         records.resize(total);
     } catch (const std::bad_alloc &) {
         ShowMessage(tabra::core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
-        return 2;
+        return std::nullopt;
     }
 
     // Filling pass: at most as many records as counted.
     size_t stored = 0;
     position = 0;
-    char16_t schemaPart[kPartCapacity], tablePart[kPartCapacity];
     while (Ostrel_ReadToken(tables, &position, u'\t', entry, kEntryCapacity) == 1) {
-        Tabra_ParseSchemaAndTable(connection, entry, schemaPart, kPartCapacity, tablePart, kPartCapacity);
-        if (!succeeded(callColumns(statement.get(), schemaPart, tablePart))) {
-            Tabra_DisplayErrorHstmt(statement.get(), nullptr);
-            return 2;
-        }
+        const auto parts = sqltext::splitSchemaAndTable(connection, entry);
+        const std::u16string schemaPart(platform::boundedPrefix(parts.schema, kPartCapacity));
+        const std::u16string tablePart(platform::boundedPrefix(parts.table, kPartCapacity));
+        if (statement.check(callColumns(statement.handle(), schemaPart.c_str(), tablePart.c_str())) !=
+            RunResult::Done)
+            return std::nullopt;
         BoundText<kNameCapacity> tableName, columnName;
         BoundText<kTypeCapacity> typeText;
         BoundShort nullable;
-        tableName.bind(statement.get(), 3);
-        columnName.bind(statement.get(), 4);
-        typeText.bind(statement.get(), 5);
-        nullable.bind(statement.get(), 11);
-        while (stored < total && succeeded(SQLFetch(statement.get()))) {
+        tableName.bind(statement.handle(), 3);
+        columnName.bind(statement.handle(), 4);
+        typeText.bind(statement.handle(), 5);
+        nullable.bind(statement.handle(), 11);
+        while (stored < total && succeeded(statement.fetch())) {
             FieldRecord &record = records[stored++];
             OstrelCopyString(record.table, tableName.isNull() ? u"" : tableName.text, kNameCapacity);
             OstrelCopyString(record.name, columnName.isNull() ? u"" : columnName.text, kNameCapacity);
             OstrelCopyString(record.type, typeText.isNull() ? u"" : typeText.text, kTypeCapacity);
             record.nullable = nullable.indicator == SQL_NULL_DATA ? int16_t{1} : nullable.value;
         }
-        closeCursor(statement.get());
+        closeCursor(statement.handle());
     }
-    statement.reset();
+    statement.drop();
     records.resize(stored);
 
     if (flags & TABRA_FIELDS_QUALIFY)
@@ -144,25 +141,20 @@ extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, i
                     qualifyName(records[j]);
                 }
     }
-    if (flags & TABRA_FIELDS_QUOTE) {
-        char16_t prepared[kNameCapacity];
-        for (auto &record : records) {
-            Tabra_PrepareNameForSql92(connection, record.name, prepared, kNameCapacity, 0);
-            OstrelCopyString(record.name, prepared, kNameCapacity);
-        }
-    }
+    if (flags & TABRA_FIELDS_QUOTE)
+        for (auto &record : records)
+            OstrelCopyString(record.name, sqltext::prepareNameForSql92(connection, record.name, kNameCapacity).c_str(),
+                             kNameCapacity);
 
     // Writing: an entry that does not fit is skipped; a later, shorter one may fit.
     // The bound counts the separator twice and the type text even without the type.
-    const int32_t separatorLength = textLength(separator);
+    const auto separatorLength = static_cast<int32_t>(separator.size());
     int32_t remaining = capacity;
-    int32_t length = 0;
+    std::u16string list;
     bool first = true;
-    auto write = [&](const char16_t *text) {
-        int32_t n = textLength(text);
-        std::char_traits<char16_t>::copy(output + length, text, static_cast<size_t>(n));
-        length += n;
-        remaining -= n;
+    auto write = [&](std::u16string_view text) {
+        list += text;
+        remaining -= static_cast<int32_t>(text.size());
     };
     for (const auto &record : records) {
         if ((flags & TABRA_FIELDS_NOT_NULL_ONLY) && record.nullable != 0) continue;
@@ -175,56 +167,52 @@ extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, i
             write(record.type);
         }
     }
-    if (remaining >= 1) output[length] = u'\0';
+    return list;
+}
+
+} // namespace tabra::catalog
+
+extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, int32_t flags,
+                                   const char16_t *separator, char16_t *output, int32_t capacity) {
+    if (output == nullptr || capacity < 1) return 2;
+    output[0] = u'\0';
+    const auto list = fieldList(connection, tables, flags, separator ? separator : u"\t", capacity);
+    if (!list) return 2;
+    // The list always leaves room for its terminator.
+    OstrelCopyString(output, list->c_str(), capacity);
     return 1;
 }
 
 extern "C" int32_t Tabra_GetFieldCount(SQLHDBC connection, const char16_t *table) {
     if (connection == SQL_NULL_HDBC || table == nullptr) return 2;
-    StatementHandle statement;
-    if (!succeeded(statement.allocate(connection))) {
-        Tabra_DisplayErrorHdbc(connection);
+    StatementRunner statement(connection, nullptr);
+    if (statement.allocate() != RunResult::Done ||
+        statement.check(callColumns(statement.handle(), nullptr, table)) != RunResult::Done)
         return 2;
-    }
-    if (!succeeded(callColumns(statement.get(), nullptr, table))) {
-        Tabra_DisplayErrorHstmt(statement.get(), nullptr);
-        return 2;
-    }
     int32_t count = 0;
-    while (succeeded(SQLFetch(statement.get()))) ++count;
+    while (succeeded(statement.fetch())) ++count;
     return count;
 }
 
 extern "C" void Tabra_FillFieldsBox(SQLHDBC connection, const char16_t *tables, HWND box, int32_t flags) {
     Ostrel_FillBox(box, u'\t', nullptr);
-    std::vector<char16_t> list;
-    try {
-        list.assign(kBoxListCapacity, u'\0');
-    } catch (const std::bad_alloc &) {
-        return;
-    }
-    if (Tabra_GetFields(connection, tables, flags, u"\t", list.data(), kBoxListCapacity) == 1)
-        Ostrel_FillBox(box, u'\t', list.data());
+    if (const auto list = fieldList(connection, tables, flags, u"\t", kBoxListCapacity))
+        Ostrel_FillBox(box, u'\t', list->c_str());
 }
 
 extern "C" int32_t Tabra_AddColumnsToBox(SQLHDBC connection, const char16_t *schema, const char16_t *table,
                                          HWND box, int32_t flags) {
     if (Ostrel_IsBlankString(table) || connection == SQL_NULL_HDBC || box == nullptr) return 1;
-    StatementHandle statement;
-    if (!succeeded(statement.allocate(connection))) {
-        Tabra_DisplayErrorHdbc(connection);
+    StatementRunner statement(connection, nullptr);
+    if (statement.allocate() != RunResult::Done ||
+        statement.check(callColumns(statement.handle(), schema, table)) != RunResult::Done)
         return 2;
-    }
-    if (!succeeded(callColumns(statement.get(), schema, table))) {
-        Tabra_DisplayErrorHstmt(statement.get(), nullptr);
-        return 2;
-    }
     BoundText<kPartCapacity> columnName;
     BoundShort nullable;
-    columnName.bind(statement.get(), 4);
-    nullable.bind(statement.get(), 11);
+    columnName.bind(statement.handle(), 4);
+    nullable.bind(statement.handle(), 11);
     char16_t entry[kEntryCapacity];
-    while (succeeded(SQLFetch(statement.get()))) {
+    while (succeeded(statement.fetch())) {
         bool isNullable = nullable.indicator == SQL_NULL_DATA || nullable.value != 0;
         if ((flags & TABRA_FIELDS_NOT_NULL_ONLY) && isNullable) continue;
         entry[0] = u'\0';

@@ -3,17 +3,18 @@
 // it answers a sentinel at once.
 #include "catalog/number_text.h"
 #include "catalog/single_value_query.h"
-#include "ostrel.h"
+#include "platform/text/bounded_text.h"
+#include "query/clause_editing.h"
 #include "tabra_catalog.h"
-#include "tabra_query.h"
 
-#include <new>
 #include <string_view>
-#include <vector>
 
 namespace {
 
-constexpr int32_t kStatementCapacity = 30000;
+using tabra::query::replaceSelectClause;
+using tabra::query::SelectClause;
+
+constexpr size_t kStatementCapacity = 30000;
 
 bool isBlankOrControl(char16_t c) { return c >= 1 && c <= 32; }
 
@@ -31,15 +32,9 @@ bool isUnionQuery(std::u16string_view statement) {
 extern "C" int32_t Tabra_GetRowSetCount(SQLHDBC connection, const char16_t *statement) {
     if (connection == SQL_NULL_HDBC || statement == nullptr || statement[0] == u'\0') return 0;
     if (isUnionQuery(statement)) return TABRA_UNION_ROW_COUNT;
-    std::vector<char16_t> text;
-    try {
-        text.assign(kStatementCapacity, u'\0');
-    } catch (const std::bad_alloc &) {
-        return 0;
-    }
-    OstrelCopyString(text.data(), statement, kStatementCapacity);
-    if (Tabra_Select_Replace_FieldsClause(text.data(), kStatementCapacity, u"Count(*)", 0) < 0) return 0;
-    if (Tabra_Select_Replace_OrderByClause(text.data(), kStatementCapacity, u"", 0) < 0) return 0;
-    auto value = tabra::catalog::querySingleValue(connection, text.data(), kStatementCapacity);
+    std::u16string text(tabra::platform::boundedPrefix(statement, kStatementCapacity));
+    replaceSelectClause(text, SelectClause::Fields, u"Count(*)", kStatementCapacity);
+    replaceSelectClause(text, SelectClause::OrderBy, u"", kStatementCapacity);
+    auto value = tabra::catalog::querySingleValue(connection, text.c_str());
     return value ? tabra::catalog::readLong(value->c_str()) : 0;
 }

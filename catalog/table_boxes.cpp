@@ -1,9 +1,7 @@
 // Table lists straight into list and combo boxes, and the names of object types.
+#include "catalog/table_list.h"
 #include "ostrel.h"
 #include "tabra_catalog.h"
-
-#include <new>
-#include <vector>
 
 namespace {
 
@@ -27,16 +25,11 @@ extern "C" int32_t Tabra_FillTablesBox(SQLHDBC connection, int32_t typeFlags, HW
 
 extern "C" int32_t Tabra_FillTablesBoxExtended(SQLHDBC connection, int32_t typeFlags, const char16_t *schema,
                                                uint8_t qualify, HWND box) {
-    std::vector<char16_t> list;
-    try {
-        list.assign(kBoxListCapacity, u'\0');
-    } catch (const std::bad_alloc &) {
-        return -1;
-    }
-    if (Tabra_GetTablesExtended(connection, typeFlags, schema, qualify, list.data(), kBoxListCapacity, u"\t") < 0)
-        return -1;
+    if (connection == SQL_NULL_HDBC) return -1;
+    const auto list = tabra::catalog::tableList(connection, typeFlags, schema, qualify, kBoxListCapacity, u"\t");
+    if (!list) return -1;
     uint32_t option = (qualify & TABRA_QUALIFY_SORTED) ? OSTREL_FILL_SORTED : 0u;
-    Ostrel_FillBoxExtended(box, u'\t', list.data(), option);
+    Ostrel_FillBoxExtended(box, u'\t', list->c_str(), option);
     return 0;
 }
 

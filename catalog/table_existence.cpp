@@ -1,41 +1,55 @@
-// Whether a table exists: against the table list (the Tabra_* family, which searches
-// the first 10000 characters of the list, a deliberate limit), or row by row through
-// the catalog (the OdbcEh_* family).
-#include "catalog/bound_column.h"
+// Whether a table exists: against the table list (the Tabra_* family), or row by row
+// through the catalog (the OdbcEh_* family).
+#include "catalog/table_existence.h"
+
 #include "catalog/catalog_calls.h"
-#include "core/odbc/odbc_text.h"
-#include "core/odbc/statement_handle.h"
+#include "catalog/table_list.h"
+#include "core/odbc/bound_column.h"
+#include "core/odbc/statement_runner.h"
 #include "ostrel.h"
 #include "platform/text/case_folding.h"
 #include "tabra_catalog.h"
-#include "tabra_connection.h"
 
 #include <string>
 
-using namespace tabra::catalog;
-using tabra::odbc::StatementHandle;
-using tabra::odbc::succeeded;
-using tabra::platform::equalIgnoringCase;
-
+namespace tabra::catalog {
 namespace {
+
+using odbc::RunResult;
 
 constexpr int32_t kListCapacity = 10000;
 constexpr int32_t kTokenCapacity = 100;
 
+} // namespace
+
 int32_t findInTableList(SQLHDBC connection, int32_t typeFlags, const char16_t *schema, uint8_t qualify,
                         const char16_t *name) {
-    std::u16string list(kListCapacity, u'\0');
-    if (Tabra_GetTablesExtended(connection, typeFlags, schema, qualify, list.data(), kListCapacity, u"\t") < 0)
-        return -1;
+    if (connection == SQL_NULL_HDBC) return -1;
+    const auto list = tableList(connection, typeFlags, schema, qualify, kListCapacity, u"\t");
+    if (!list) return -1;
     const char16_t *wanted = name ? name : u"";
     char16_t token[kTokenCapacity];
     int32_t position = 0;
-    while (Ostrel_ReadToken(list.c_str(), &position, u'\t', token, kTokenCapacity) == 1)
-        if (equalIgnoringCase(token, wanted)) return 1;
+    while (Ostrel_ReadToken(list->c_str(), &position, u'\t', token, kTokenCapacity) == 1)
+        if (platform::equalIgnoringCase(token, wanted)) return 1;
     return 0;
 }
 
-} // namespace
+int32_t findInCatalog(SQLHDBC connection, int32_t typeFlags, const char16_t *schema, const char16_t *name) {
+    if (name == nullptr || connection == SQL_NULL_HDBC) return 0;
+    odbc::StatementRunner statement(connection, nullptr);
+    if (statement.allocate() != RunResult::Done) return 2;
+    if (statement.check(callTables(statement.handle(), schema, typeFlags)) != RunResult::Done) return 0;
+    odbc::BoundText<kTokenCapacity> tableName;
+    tableName.bind(statement.handle(), 3, kTokenCapacity - 1);
+    while (SQL_SUCCEEDED(statement.fetch()))
+        if (!tableName.isNull() && platform::equalIgnoringCase(tableName.text, name)) return 1;
+    return 0;
+}
+
+} // namespace tabra::catalog
+
+using namespace tabra::catalog;
 
 extern "C" int32_t Tabra_DoesTableExist(SQLHDBC connection, int32_t typeFlags, const char16_t *name) {
     return findInTableList(connection, typeFlags, nullptr, 0, name);
@@ -46,21 +60,7 @@ extern "C" int32_t Tabra_DoesTableExistExtended(SQLHDBC connection, int32_t type
     return findInTableList(connection, typeFlags, schema, TABRA_QUALIFY_SCHEMA, name);
 }
 
-extern "C" int32_t OdbcEh_DoesTableExist(int32_t context, SQLHDBC connection, int32_t typeFlags,
-                                         const char16_t *schema, const char16_t *name, int32_t) {
-    if (name == nullptr || connection == SQL_NULL_HDBC) return 0;
-    StatementHandle statement;
-    if (!succeeded(statement.allocate(connection))) {
-        OdbcEh_HandleErrorHdbc(context, connection);
-        return 2;
-    }
-    if (!succeeded(callTables(statement.get(), schema, typeFlags))) {
-        OdbcEh_HandleErrorHstmt(context, statement.get(), nullptr);
-        return 0;
-    }
-    BoundText<kTokenCapacity> tableName;
-    tableName.bind(statement.get(), 3, kTokenCapacity - 1);
-    while (succeeded(SQLFetch(statement.get())))
-        if (!tableName.isNull() && equalIgnoringCase(tableName.text, name)) return 1;
-    return 0;
+extern "C" int32_t OdbcEh_DoesTableExist(int32_t, SQLHDBC connection, int32_t typeFlags, const char16_t *schema,
+                                         const char16_t *name, int32_t) {
+    return findInCatalog(connection, typeFlags, schema, name);
 }

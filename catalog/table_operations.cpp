@@ -1,38 +1,32 @@
 // Whole-table operations: dropping a table, renaming it by copy and drop, and finding
 // a table name that is still free.
+#include "catalog/table_operations.h"
+
 #include "catalog/resource_ids.h"
+#include "catalog/table_existence.h"
 #include "core/module/module_state.h"
-#include "core/odbc/odbc_text.h"
-#include "core/odbc/statement_handle.h"
+#include "core/odbc/statement_runner.h"
 #include "ostrel.h"
-#include "platform/text/case_folding.h"
+#include "sqltext/statement_formatter.h"
 #include "tabra_catalog.h"
 #include "tabra_connection.h"
-#include "tabra_sqltext.h"
 #include "tabra_window.h"
 
 #include <string>
 
-using tabra::odbc::sqlText;
-using tabra::odbc::StatementHandle;
-using tabra::odbc::succeeded;
-using tabra::platform::equalIgnoringCase;
+using tabra::odbc::RunResult;
+using tabra::odbc::StatementRunner;
 
 namespace {
 
 constexpr int32_t kDropCapacity = 500;
 constexpr int32_t kRenameCapacity = 300;
 constexpr int32_t kPatternCapacity = 100;
-constexpr int32_t kStateCapacity = 50;
 constexpr int32_t kWaitNoticeTime = 30000;
 constexpr int32_t kAnswerYes = 6;
 
-// True when the statement's SQLSTATE says the table does not exist.
-bool tableIsMissing(SQLHSTMT statement) {
-    char16_t state[kStateCapacity] = {};
-    Tabra_GetErrorCode(SQL_HANDLE_STMT, statement, state, kStateCapacity);
-    return equalIgnoringCase(state, u"S0002") || equalIgnoringCase(state, u"42S02");
-}
+// The SQLSTATEs that say the table does not exist (ODBC 2 and ODBC 3 forms).
+constexpr char16_t kTableMissingStates[] = u"S0002,42S02";
 
 // The wait notice while a copy runs, closed on every path.
 class WaitNotice {
@@ -90,69 +84,66 @@ void findFreeName(char16_t *name, int32_t capacity, Taken taken) {
 
 } // namespace
 
-extern "C" int32_t Tabra_DeleteTable(SQLHDBC connection, const char16_t *table, uint8_t flags) {
-    return Tabra_DeleteTableExtended(connection, nullptr, table, flags);
-}
+namespace tabra::catalog {
 
-extern "C" int32_t Tabra_DeleteTableExtended(SQLHDBC connection, const char16_t *schema, const char16_t *table,
-                                             uint8_t flags) {
+int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *table, uint8_t flags) {
     if (connection == SQL_NULL_HDBC || Ostrel_IsBlankString(table)) return 2;
     if ((flags & TABRA_DELETE_NO_CONFIRM) == 0 &&
         ShowMessage(tabra::catalog::ids::kMessage.confirmDropTable, table, nullptr, nullptr) != kAnswerYes)
         return 2;
-    char16_t text[kDropCapacity];
-    Tabra_SprintfSqlStatement(connection, text, kDropCapacity, u"DROP TABLE %t%.%t", schema, table, nullptr,
-                              nullptr, nullptr, nullptr, nullptr, nullptr);
-    if (Ostrel_DumpSqlStatement(text, kDropCapacity) != 1) return 2;
-    StatementHandle statement;
-    if (!succeeded(statement.allocate(connection))) {
-        Tabra_DisplayErrorHdbc(connection);
+    const std::u16string text =
+        sqltext::formatStatement(connection, u"DROP TABLE %t%.%t", {schema, table}, kDropCapacity);
+    const bool missingIsGone = (flags & TABRA_DELETE_MISSING_OK) != 0;
+    StatementRunner statement(connection, text.c_str(), {.tolerated = missingIsGone ? kTableMissingStates : nullptr});
+    RunResult result = statement.run();
+    return result == RunResult::Done || result == RunResult::Tolerated ? 1 : 2;
+}
+
+int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t *newName, uint8_t flags) {
+    if (connection == SQL_NULL_HDBC || oldName == nullptr || oldName[0] == u'\0' || newName == nullptr ||
+        newName[0] == u'\0')
         return 2;
+    if (findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, newName) != 0) return 2;
+    const std::u16string text =
+        sqltext::formatStatement(connection, u"SELECT * INTO %t FROM %t", {newName, oldName}, kRenameCapacity);
+    {
+        StatementRunner statement(connection, text.c_str());
+        if (statement.allocate() != RunResult::Done) return 2;
+        WaitNotice notice((flags & TABRA_RENAME_WAIT_NOTICE) != 0);
+        if (statement.passHook() != RunResult::Done || statement.execute() != RunResult::Done) return 2;
     }
-    if (!succeeded(SQLExecDirectW(statement.get(), sqlText(text), SQL_NTS))) {
-        if ((flags & TABRA_DELETE_MISSING_OK) && tableIsMissing(statement.get())) return 1;
-        Tabra_DisplayErrorHstmt(statement.get(), text);
-        return 2;
-    }
-    return 1;
+    return dropTable(connection, nullptr, oldName, TABRA_DELETE_NO_CONFIRM);
+}
+
+} // namespace tabra::catalog
+
+using namespace tabra::catalog;
+
+extern "C" int32_t Tabra_DeleteTable(SQLHDBC connection, const char16_t *table, uint8_t flags) {
+    return dropTable(connection, nullptr, table, flags);
+}
+
+extern "C" int32_t Tabra_DeleteTableExtended(SQLHDBC connection, const char16_t *schema, const char16_t *table,
+                                             uint8_t flags) {
+    return dropTable(connection, schema, table, flags);
 }
 
 extern "C" int32_t Tabra_RenameTable(SQLHDBC connection, const char16_t *oldName, const char16_t *newName,
                                      uint8_t flags) {
-    if (connection == SQL_NULL_HDBC || oldName == nullptr || oldName[0] == u'\0' || newName == nullptr ||
-        newName[0] == u'\0')
-        return 2;
-    if (Tabra_DoesTableExist(connection, TABRA_TABLE_TYPE_ALL, newName) != 0) return 2;
-    char16_t text[kRenameCapacity];
-    Tabra_SprintfSqlStatement(connection, text, kRenameCapacity, u"SELECT * INTO %t FROM %t", newName, oldName,
-                              nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-    {
-        StatementHandle statement;
-        if (!succeeded(statement.allocate(connection))) {
-            Tabra_DisplayErrorHdbc(connection);
-            return 2;
-        }
-        WaitNotice notice((flags & TABRA_RENAME_WAIT_NOTICE) != 0);
-        if (Ostrel_DumpSqlStatement(text, kRenameCapacity) != 1) return 2;
-        if (!succeeded(SQLExecDirectW(statement.get(), sqlText(text), SQL_NTS))) {
-            Tabra_DisplayErrorHstmt(statement.get(), text);
-            return 2;
-        }
-    }
-    return Tabra_DeleteTableExtended(connection, nullptr, oldName, TABRA_DELETE_NO_CONFIRM);
+    return renameTable(connection, oldName, newName, flags);
 }
 
 extern "C" void Tabra_CreateUniqueTableName(SQLHDBC connection, char16_t *name, int32_t capacity) {
     if (connection == SQL_NULL_HDBC || name == nullptr || capacity < 1) return;
     findFreeName(name, capacity, [connection](const char16_t *candidate) {
-        return Tabra_DoesTableExist(connection, TABRA_TABLE_TYPE_ALL, candidate) != 0;
+        return findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, candidate) != 0;
     });
 }
 
-extern "C" void OdbcEh_CreateUniqueTableName(int32_t context, SQLHDBC connection, const char16_t *schema,
-                                             char16_t *name, int32_t capacity) {
+extern "C" void OdbcEh_CreateUniqueTableName(int32_t, SQLHDBC connection, const char16_t *schema, char16_t *name,
+                                             int32_t capacity) {
     if (connection == SQL_NULL_HDBC || name == nullptr || capacity < 1) return;
-    findFreeName(name, capacity, [context, connection, schema](const char16_t *candidate) {
-        return OdbcEh_DoesTableExist(context, connection, TABRA_TABLE_TYPE_ALL, schema, candidate, 0) != 0;
+    findFreeName(name, capacity, [connection, schema](const char16_t *candidate) {
+        return findInCatalog(connection, TABRA_TABLE_TYPE_ALL, schema, candidate) != 0;
     });
 }

@@ -2,6 +2,7 @@
 #include "query/clause_editing.h"
 
 #include "ostrel_text.h"
+#include "platform/text/bounded_text.h"
 #include "query/clause_keywords.h"
 #include "query/wide_buffer.h"
 #include "tabra_query.h"
@@ -88,30 +89,42 @@ void ensureSelectFrom(std::u16string &statement) {
         statement = u"SELECT FROM";
 }
 
-} // namespace tabra::query
-
-using namespace tabra::query;
-
-namespace {
-
-// Replaces one clause of the caller's statement buffer; every step is bounded by the
-// capacity.
-int32_t replaceInBuffer(char16_t *statement, int32_t capacity, std::u16string_view keyword,
-                        std::u16string_view secondKeyword, const char16_t *newText, bool safeguard, bool moveWhere) {
-    if (statement == nullptr || capacity < 1 || keyword.empty()) return -1;
-    std::u16string text = readBounded(statement, capacity);
-    if (safeguard) {
-        ensureSelectFrom(text);
-        text = text.substr(0, static_cast<size_t>(capacity - 1));
+void replaceSelectClause(std::u16string &statement, SelectClause clause, std::u16string_view newText,
+                         size_t capacity) {
+    struct Keywords {
+        std::u16string_view keyword, second;
+        bool safeguard, moveWhere;
+    };
+    static constexpr Keywords kKeywords[] = {
+        {u"SELECT", u"", true, false}, {u"FROM", u"", true, false}, {u"WHERE", u"", false, true},
+        {u"ORDER", u"BY", false, true}};
+    const Keywords &k = kKeywords[static_cast<size_t>(clause)];
+    auto cut = [capacity](std::u16string &text) {
+        if (text.size() > capacity - 1) text.resize(capacity - 1);
+    };
+    if (k.safeguard) {
+        ensureSelectFrom(statement);
+        cut(statement);
     }
-    replaceClause(text, keyword, secondKeyword, newText ? std::u16string_view(newText) : std::u16string_view());
-    text = text.substr(0, std::min(text.size(), static_cast<size_t>(capacity - 1)));
-    if (moveWhere) normalizeWherePosition(text);
+    replaceClause(statement, k.keyword, k.second, newText);
+    cut(statement);
+    if (k.moveWhere) normalizeWherePosition(statement);
+    // What the caller's buffer keeps of it: a cut that never splits a surrogate pair.
+    statement.resize(platform::cutLength(statement, capacity - 1));
+}
+
+int32_t replaceSelectClause(char16_t *statement, int32_t capacity, SelectClause clause, const char16_t *newText) {
+    if (statement == nullptr || capacity < 1) return -1;
+    std::u16string text = readBounded(statement, capacity);
+    replaceSelectClause(text, clause, newText ? std::u16string_view(newText) : std::u16string_view(),
+                        static_cast<size_t>(capacity));
     OstrelCopyString(statement, text.c_str(), capacity);
     return 0;
 }
 
-} // namespace
+} // namespace tabra::query
+
+using namespace tabra::query;
 
 extern "C" int32_t Tabra_Select_Get_Clause(const char16_t *statement, const char16_t *keyword,
                                            const char16_t *secondKeyword, char16_t *out, int32_t outChars) {
@@ -125,20 +138,20 @@ extern "C" int32_t Tabra_Select_Get_Clause(const char16_t *statement, const char
 
 extern "C" int32_t Tabra_Select_Replace_FieldsClause(char16_t *statement, int32_t capacity, const char16_t *fields,
                                                      int32_t) {
-    return replaceInBuffer(statement, capacity, u"SELECT", u"", fields, true, false);
+    return replaceSelectClause(statement, capacity, SelectClause::Fields, fields);
 }
 
 extern "C" int32_t Tabra_Select_Replace_TablesClause(char16_t *statement, int32_t capacity,
                                                      const char16_t *tables) {
-    return replaceInBuffer(statement, capacity, u"FROM", u"", tables, true, false);
+    return replaceSelectClause(statement, capacity, SelectClause::Tables, tables);
 }
 
 extern "C" int32_t Tabra_Select_Replace_WhereClause(char16_t *statement, int32_t capacity,
                                                     const char16_t *condition) {
-    return replaceInBuffer(statement, capacity, u"WHERE", u"", condition, false, true);
+    return replaceSelectClause(statement, capacity, SelectClause::Where, condition);
 }
 
 extern "C" int32_t Tabra_Select_Replace_OrderByClause(char16_t *statement, int32_t capacity,
                                                       const char16_t *sortList, int32_t) {
-    return replaceInBuffer(statement, capacity, u"ORDER", u"BY", sortList, false, true);
+    return replaceSelectClause(statement, capacity, SelectClause::OrderBy, sortList);
 }

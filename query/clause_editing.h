@@ -2,6 +2,7 @@
 // FROM. Pure text; the exported Tabra_Select_* functions are thin wrappers.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,5 +30,23 @@ void normalizeWherePosition(std::u16string &statement);
 // Makes sure the statement has the keywords SELECT and FROM; when one of them is
 // missing the statement becomes "SELECT FROM".
 void ensureSelectFrom(std::u16string &statement);
+
+// The clauses the Tabra_Select_Replace_* operations edit.
+enum class SelectClause {
+    Fields,  // SELECT: the statement is made "SELECT FROM" first when a keyword is missing
+    Tables,  // FROM: likewise
+    Where,   // WHERE: afterwards the WHERE clause is moved behind the table list
+    OrderBy, // ORDER BY: likewise
+};
+
+// Replaces the clause (an empty text removes it) in a statement that must stay within
+// capacity characters (at least 1), terminator included: each step is cut to
+// capacity - 1 characters, the last without splitting a surrogate pair.
+void replaceSelectClause(std::u16string &statement, SelectClause clause, std::u16string_view newText,
+                         size_t capacity);
+
+// The same on a caller's buffer of capacity characters; -1 for a null buffer or a
+// capacity below 1, else 0.
+int32_t replaceSelectClause(char16_t *statement, int32_t capacity, SelectClause clause, const char16_t *newText);
 
 } // namespace tabra::query

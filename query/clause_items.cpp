@@ -1,19 +1,12 @@
 // Items of a clause and words of an item.
 #include "query/clause_items.h"
 
+#include "core/connection/connection_info.h"
 #include "query/clause_keywords.h"
-#include "tabra_sqltext.h"
 
 namespace tabra::query {
 
-char16_t identifierQuote(SQLHDBC connection) {
-    if (connection == SQL_NULL_HDBC) return u'\0';
-    SQLWCHAR reply[5] = {};
-    SQLSMALLINT length = 0;
-    SQLRETURN rc = SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, reply, sizeof reply, &length);
-    if (rc != SQL_SUCCESS && rc != SQL_SUCCESS_WITH_INFO) return u'\0';
-    return reply[0] == u' ' ? u'\0' : static_cast<char16_t>(reply[0]);
-}
+char16_t identifierQuote(SQLHDBC connection) { return connection::identifierQuote(connection).splittingQuote(); }
 
 std::vector<std::u16string> clauseItems(std::u16string_view text, char16_t separator, char16_t quote, size_t limit) {
     std::vector<std::u16string> items;
@@ -42,7 +35,6 @@ std::u16string normalizedItem(std::u16string_view item) {
     return text;
 }
 
-
 namespace {
 
 constexpr size_t kItemLength = 199;
@@ -65,13 +57,6 @@ bool isWord(std::u16string_view word, std::u16string_view upper) {
         if (c != upper[i]) return false;
     }
     return true;
-}
-
-std::u16string strippedName(SQLHDBC connection, std::u16string name) {
-    name.push_back(u'\0');
-    Tabra_StripDelimitersFromName(connection, name.data());
-    name.resize(std::char_traits<char16_t>::length(name.c_str()));
-    return name;
 }
 
 // Column and alias of one item of a column list ("price AS p", "price p", "price").
@@ -104,6 +89,5 @@ bool isDescending(std::u16string_view direction) { return isWord(direction, u"DE
 std::vector<std::u16string> clauseItemsOf(SQLHDBC connection, std::u16string_view clause) {
     return clauseItems(clause, u',', identifierQuote(connection), kItemLength);
 }
-
 
 } // namespace tabra::query

@@ -27,8 +27,6 @@ std::u16string normalizedItem(std::u16string_view item);
 std::vector<std::u16string> itemWords(std::u16string_view item, char16_t quote, size_t limit);
 // word equals the upper-case word, ASCII letters compared without case.
 bool isWord(std::u16string_view word, std::u16string_view upper);
-// The name with its identifier delimiters and surrounding blanks removed.
-std::u16string strippedName(SQLHDBC connection, std::u16string name);
 
 // The items of a clause (at ",", 199 characters each).
 std::vector<std::u16string> clauseItemsOf(SQLHDBC connection, std::u16string_view clause);

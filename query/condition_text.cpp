@@ -5,8 +5,8 @@
 #include "query/descriptor_text.h"
 #include "query/operator_tables.h"
 #include "query/sql_literal.h"
+#include "sqltext/sql92_names.h"
 #include "tabra_query.h"
-#include "tabra_sqltext.h"
 
 #include <initializer_list>
 
@@ -19,13 +19,6 @@ constexpr int32_t kPreparedValueCapacity = 300;
 constexpr size_t kConditionLength = 299;
 constexpr size_t kListItemLength = 499;
 constexpr size_t kGroupRoom = 30000 - 1; // work buffer less its "("
-
-std::u16string quotedName(SQLHDBC connection, const std::u16string &name, int32_t capacity) {
-    std::u16string prepared(static_cast<size_t>(capacity), u'\0');
-    Tabra_PrepareNameForSql92(connection, name.c_str(), prepared.data(), capacity, 0);
-    prepared.resize(std::char_traits<char16_t>::length(prepared.c_str()));
-    return prepared;
-}
 
 // Fills %s and %c of a pattern in order from the arguments.
 std::u16string fillPattern(std::u16string_view pattern, std::initializer_list<std::u16string_view> arguments) {
@@ -44,7 +37,7 @@ std::u16string fillPattern(std::u16string_view pattern, std::initializer_list<st
 
 // The value of a line prepared as the operator's value kind says.
 std::u16string preparedValue(SQLHDBC connection, const OperatorEntry &op, const DescriptorLine &line) {
-    if (op.flags & kColumnValue) return quotedName(connection, line.value, kPreparedValueCapacity);
+    if (op.flags & kColumnValue) return sqltext::prepareNameForSql92(connection, line.value.c_str(), kPreparedValueCapacity);
     if (op.flags & kLiteralValue) return formatSqlLiteral(line.value, line.dataType, kPreparedValueCapacity);
     if (op.flags & kListValue) {
         // Empty items (a trailing ";", two in a row) are skipped like empty pieces.
@@ -66,7 +59,7 @@ std::u16string conditionText(SQLHDBC connection, std::u16string_view text, const
     const OperatorEntry *op = findOperatorByKey(kSelectionKind, line.key);
     if (line.column.empty() || op == nullptr) return {};
     if (!(op->flags & kNoValue) && line.value.empty()) return {};
-    std::u16string column = quotedName(connection, line.column, kQuotedColumnCapacity);
+    std::u16string column = sqltext::prepareNameForSql92(connection, line.column.c_str(), kQuotedColumnCapacity);
     std::u16string value = preparedValue(connection, *op, line);
     std::u16string_view any(&expansion[0], 1), open(&expansion[2], 1), close(&expansion[3], 1);
     std::u16string condition;
@@ -80,39 +73,19 @@ std::u16string conditionText(SQLHDBC connection, std::u16string_view text, const
     return condition;
 }
 
-std::u16string groupText(SQLHDBC connection, std::u16string_view group, const ExpansionChars &expansion) {
-    std::u16string text = u"(";
-    size_t room = kGroupRoom;
-    bool any = false;
-    for (std::u16string_view line : splitNonEmpty(group, kLineEnd)) {
-        std::u16string condition = conditionText(connection, line, expansion);
-        if (condition.empty()) continue;
-        if (any && room >= 6) {
-            text += u" AND ";
-            room -= 5;
-        }
-        any = true;
-        if (condition.size() < room) {
-            text += condition;
-            room -= condition.size();
-        }
-    }
-    if (!any) return {};
-    if (room >= 2) text += u')';
-    return text;
-}
+namespace {
 
-std::u16string whereText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars,
-                         const ExpansionChars &expansion) {
-    std::u16string text;
-    size_t room = outChars;
-    bool any = false;
-    for (std::u16string_view group : splitNonEmpty(descriptor, kGroupSeparator)) {
-        std::u16string piece = groupText(connection, group, expansion);
-        if (piece.empty()) continue;
+// Pieces joined as the bounded work buffers join them: the joiner only while at least
+// 6 characters are left (and counted), a piece only when it is shorter than the room.
+class BoundedJoin {
+public:
+    BoundedJoin(std::u16string start, size_t room, std::u16string_view joiner)
+        : text(std::move(start)), room(room), joiner_(joiner) {}
+    void add(const std::u16string &piece) {
+        if (piece.empty()) return;
         if (any && room >= 6) {
-            text += u" OR ";
-            room -= 4;
+            text += joiner_;
+            room -= joiner_.size();
         }
         any = true;
         if (piece.size() < room) {
@@ -120,7 +93,30 @@ std::u16string whereText(SQLHDBC connection, std::u16string_view descriptor, siz
             room -= piece.size();
         }
     }
-    return text;
+    std::u16string text;
+    size_t room;
+    bool any = false;
+
+private:
+    std::u16string_view joiner_;
+};
+
+} // namespace
+
+std::u16string groupText(SQLHDBC connection, std::u16string_view group, const ExpansionChars &expansion) {
+    BoundedJoin conditions(u"(", kGroupRoom, u" AND ");
+    for (std::u16string_view line : splitNonEmpty(group, kLineEnd)) conditions.add(conditionText(connection, line, expansion));
+    if (!conditions.any) return {};
+    if (conditions.room >= 2) conditions.text += u')';
+    return conditions.text;
+}
+
+std::u16string whereText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars,
+                         const ExpansionChars &expansion) {
+    BoundedJoin groups(u"", outChars, u" OR ");
+    for (std::u16string_view group : splitNonEmpty(descriptor, kGroupSeparator))
+        groups.add(groupText(connection, group, expansion));
+    return groups.text;
 }
 
 std::u16string setText(SQLHDBC connection, std::u16string_view descriptor, size_t outChars) {
@@ -132,12 +128,12 @@ std::u16string setText(SQLHDBC connection, std::u16string_view descriptor, size_
         if (line.column.empty() || op == nullptr) continue;
         if (!(op->flags & kNoValue) && line.value.empty()) continue;
         if (!text.empty()) text += u',';
-        text += quotedName(connection, line.column, kQuotedColumnCapacity);
+        text += sqltext::prepareNameForSql92(connection, line.column.c_str(), kQuotedColumnCapacity);
         text += u'=';
         if (op->code == 300)
             text += u"NULL";
         else if (op->flags & kColumnValue)
-            text += quotedName(connection, line.value, kPreparedValueCapacity);
+            text += sqltext::prepareNameForSql92(connection, line.value.c_str(), kPreparedValueCapacity);
         else if (op->flags & kLiteralValue)
             text += formatSqlLiteral(line.value, line.dataType, kPreparedValueCapacity);
         else
@@ -152,23 +148,31 @@ std::u16string setText(SQLHDBC connection, std::u16string_view descriptor, size_
 
 using namespace tabra::query;
 
-extern "C" int32_t Tabra_SelDesc_To_WhereClause_Expanded(SQLHDBC connection, const char16_t *selDesc,
-                                                         char16_t *out, int32_t outChars,
-                                                         const char16_t *expansionChars) {
+namespace {
+
+int32_t writeWhereClause(SQLHDBC connection, const char16_t *selDesc, char16_t *out, int32_t outChars,
+                         const ExpansionChars &expansion) {
     if (out == nullptr || outChars < 1) return -1;
     out[0] = u'\0';
     if (selDesc == nullptr) return 0;
+    OstrelCopyString(out, whereText(connection, selDesc, static_cast<size_t>(outChars), expansion).c_str(), outChars);
+    return 0;
+}
+
+} // namespace
+
+extern "C" int32_t Tabra_SelDesc_To_WhereClause_Expanded(SQLHDBC connection, const char16_t *selDesc,
+                                                         char16_t *out, int32_t outChars,
+                                                         const char16_t *expansionChars) {
     ExpansionChars expansion = kStandardExpansion;
     if (expansionChars != nullptr)
         for (size_t i = 0; i < expansion.size() && expansionChars[i] != u'\0'; ++i) expansion[i] = expansionChars[i];
-    std::u16string text = whereText(connection, selDesc, static_cast<size_t>(outChars), expansion);
-    OstrelCopyString(out, text.c_str(), outChars);
-    return 0;
+    return writeWhereClause(connection, selDesc, out, outChars, expansion);
 }
 
 extern "C" int32_t Tabra_SelDesc_To_WhereClause(SQLHDBC connection, const char16_t *selDesc, char16_t *out,
                                                 int32_t outChars) {
-    return Tabra_SelDesc_To_WhereClause_Expanded(connection, selDesc, out, outChars, u"%_''");
+    return writeWhereClause(connection, selDesc, out, outChars, kStandardExpansion);
 }
 
 extern "C" void Tabra_OpDesc_To_SetClause(SQLHDBC connection, const char16_t *opDesc, char16_t *out,

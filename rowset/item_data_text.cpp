@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 LPARAM itemDataText(const char16_t *text, std::size_t length) {
     // malloc, not new: the copy is released by the host, through the C runtime.
@@ -15,4 +15,4 @@ LPARAM itemDataText(const char16_t *text, std::size_t length) {
     return reinterpret_cast<LPARAM>(copy);
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

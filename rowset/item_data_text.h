@@ -6,10 +6,10 @@
 
 #include <cstddef>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 // A malloc'ed, terminated copy of length characters of text, as item data; 0 when no
 // memory could be had.
 LPARAM itemDataText(const char16_t *text, std::size_t length);
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

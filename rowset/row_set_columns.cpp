@@ -1,17 +1,17 @@
 // Column types and names of row-set results.
 #include "rowset/row_set_columns.h"
 
-#include "catalog/result_column_attribute.h"
+#include "core/odbc/result_column_attribute.h"
 #include "platform/text/bounded_text.h"
 
 #include <sqlext.h>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 SQLLEN resultColumnType(SQLHSTMT statement, SQLUSMALLINT column) {
     SQLLEN type = 0;
     if (SQL_SUCCEEDED(SQLColAttributeW(statement, column, SQL_DESC_TYPE, nullptr, 0, nullptr, &type))) return type;
-    return resultColumnAttribute(statement, column, SQL_COLUMN_TYPE).value_or(0);
+    return odbc::resultColumnAttribute(statement, column, SQL_COLUMN_TYPE).value_or(0);
 }
 
 SQLRETURN appendColumnNames(SQLHSTMT statement, SQLSMALLINT columns, std::u16string_view separator,
@@ -19,7 +19,7 @@ SQLRETURN appendColumnNames(SQLHSTMT statement, SQLSMALLINT columns, std::u16str
     char16_t name[kHeaderNameCapacity];
     for (SQLSMALLINT column = 1; column <= columns; ++column) {
         name[0] = u'\0';
-        SQLRETURN rc = resultColumnName(statement, static_cast<SQLUSMALLINT>(column), name,
+        SQLRETURN rc = odbc::resultColumnName(statement, static_cast<SQLUSMALLINT>(column), name,
                                         static_cast<SQLSMALLINT>(sizeof name), nullptr);
         if (!SQL_SUCCEEDED(rc)) return rc;
         if (column > 1) out.append(separator);
@@ -28,4 +28,4 @@ SQLRETURN appendColumnNames(SQLHSTMT statement, SQLSMALLINT columns, std::u16str
     return SQL_SUCCESS;
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 // Capacity of a column name in a file header, in characters (terminator included).
 inline constexpr int32_t kHeaderNameCapacity = 100;
@@ -20,4 +20,4 @@ SQLLEN resultColumnType(SQLHSTMT statement, SQLUSMALLINT column);
 SQLRETURN appendColumnNames(SQLHSTMT statement, SQLSMALLINT columns, std::u16string_view separator,
                             std::u16string &out);
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

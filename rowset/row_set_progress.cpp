@@ -9,7 +9,7 @@
 
 #include <string>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 namespace {
 
@@ -56,4 +56,4 @@ bool RowSetProgress::update(int32_t written) {
     return Ostrel_CheckProgressIndicatorAborted(indicator_) == 1;
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 class RowSetProgress {
 public:
@@ -27,4 +27,4 @@ private:
     char16_t format_[100] = {};
 };
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

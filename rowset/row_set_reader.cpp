@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 namespace {
 
@@ -96,4 +96,4 @@ SQLRETURN RowSetReader::read(SQLUSMALLINT column, FetchedValue &value) {
     return rc;
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

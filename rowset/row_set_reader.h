@@ -13,7 +13,7 @@
 #include <memory>
 #include <vector>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 // One fetched value: text terminated at text[length], or null for an SQL NULL.
 struct FetchedValue {
@@ -57,4 +57,4 @@ private:
     SQLULEN current_ = 0;
 };
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

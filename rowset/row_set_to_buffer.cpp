@@ -1,79 +1,70 @@
-// A statement's rows as the text of a row-set file, delivered into a caller's buffer:
-// the file is written to a temporary file and read back. The buffer receives at most
+// A statement's rows as the text of a row-set file, delivered into a caller's buffer.
+// The text is written in memory, and only what the buffer takes is kept: at most
 // capacity - 1 whole characters (a surrogate pair is never split), terminated; the
 // rest of the buffer is zeroed.
-#include "core/diagnostics/file_error_report.h"
 #include "ostrel.h"
 #include "platform/text/bounded_text.h"
-#include "platform/text/utf_conversion.h"
+#include "rowset/row_set.h"
+#include "rowset/row_set_text.h"
 #include "tabra_rowset.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <memory>
-#include <string>
 
+namespace tabra::rowset {
 namespace {
 
-constexpr int32_t kTemporaryNameCapacity = 256;
+class MemorySink final : public RowSetTextSink {
+public:
+    // Keeps one character more than a buffer of capacity takes, so that a cut can
+    // tell a whole surrogate pair from half of one.
+    MemorySink(const char16_t *fieldSeparator, const char16_t *recordSeparator, uint32_t flags, std::size_t capacity)
+        : RowSetTextSink(fieldSeparator, recordSeparator, flags), kept_(capacity) {}
 
-struct FileCloser {
-    void operator()(std::FILE *file) const { std::fclose(file); }
-};
+    std::u16string taken() const { return std::u16string(platform::boundedPrefix(text_, kept_)); }
 
-// Reads up to characters UTF-16LE characters of the file into output; the number read,
-// or -1 with errno set.
-long readCharacters(const std::string &path, char16_t *output, std::size_t characters) {
-    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
-    if (!file) return -1;
-    unsigned char bytes[8192];
-    std::size_t count = 0;
-    while (count < characters) {
-        std::size_t wanted = std::min(sizeof bytes, (characters - count) * 2);
-        std::size_t got = std::fread(bytes, 1, wanted, file.get());
-        for (std::size_t i = 0; i + 1 < got; i += 2)
-            output[count++] = static_cast<char16_t>(bytes[i] | (bytes[i + 1] << 8));
-        if (got < wanted) {
-            if (std::ferror(file.get())) return -1;
-            break;
-        }
+private:
+    std::u16string &text() override { return text_; }
+    // The rows still run to the end (a failure on the way fails the whole transfer),
+    // but what lies past the buffer is not kept.
+    bool recordWritten(int32_t) override {
+        if (text_.size() > kept_) text_.resize(kept_);
+        return false;
     }
-    return static_cast<long>(count);
-}
+
+    std::size_t kept_;
+    std::u16string text_;
+};
 
 } // namespace
 
-extern "C" int32_t OdbcEh_SelectRowSetToBuffer(int32_t context, SQLHDBC connection, const char16_t *text,
+std::optional<std::u16string> selectToText(SQLHDBC connection, const char16_t *text,
+                                           const char16_t *fieldSeparator, const char16_t *recordSeparator,
+                                           std::size_t capacity, const char16_t *tolerated, uint32_t flags) {
+    if (connection == SQL_NULL_HDBC || Ostrel_IsBlankString(text)) return std::nullopt;
+    MemorySink sink(fieldSeparator, recordSeparator, flags, capacity);
+    if (transferRows(connection, text, tolerated, sink) != 1) return std::nullopt;
+    return sink.taken();
+}
+
+int32_t selectToBuffer(SQLHDBC connection, const char16_t *text, const char16_t *fieldSeparator,
+                       const char16_t *recordSeparator, char16_t *output, int32_t capacity, const char16_t *tolerated,
+                       uint32_t flags) {
+    if (output == nullptr || capacity < 3) return 2;
+    std::fill(output, output + capacity, u'\0');
+    auto rows =
+        selectToText(connection, text, fieldSeparator, recordSeparator, static_cast<std::size_t>(capacity), tolerated,
+                     flags);
+    if (!rows) return 2;
+    std::copy(rows->begin(), rows->end(), output);
+    return 1;
+}
+
+} // namespace tabra::rowset
+
+extern "C" int32_t OdbcEh_SelectRowSetToBuffer(int32_t, SQLHDBC connection, const char16_t *text,
                                                const char16_t *fieldSeparator, const char16_t *recordSeparator,
                                                char16_t *output, int32_t capacity, const char16_t *tolerated,
                                                uint32_t flags) {
-    if (output == nullptr || capacity < 3) return 2;
-    std::fill(output, output + capacity, u'\0');
-    char16_t name[kTemporaryNameCapacity] = {};
-    if (CreateTemporaryFileName(name, kTemporaryNameCapacity, u"XB") != 1) {
-        tabra::diagnostics::reportFileError(errno, u"XB");
-        return 2;
-    }
-    std::string path = tabra::platform::toUtf8(name);
-    if (OdbcEh_SelectRowSetToFile(context, connection, text, fieldSeparator, recordSeparator, name, nullptr,
-                                  tolerated, flags) != 1) {
-        ::unlink(path.c_str());
-        return 2;
-    }
-    // One character more than is kept is read, so that a cut never splits a pair.
-    long read = readCharacters(path, output, static_cast<std::size_t>(capacity));
-    int error = errno;
-    ::unlink(path.c_str());
-    if (read < 0) {
-        std::fill(output, output + capacity, u'\0');
-        tabra::diagnostics::reportFileError(error, name);
-        return 2;
-    }
-    std::size_t length = tabra::platform::cutLength(std::u16string_view(output, static_cast<std::size_t>(read)),
-                                                    static_cast<std::size_t>(capacity - 1));
-    std::fill(output + length, output + capacity, u'\0');
-    return 1;
+    return tabra::rowset::selectToBuffer(connection, text, fieldSeparator, recordSeparator, output, capacity,
+                                         tolerated, flags);
 }

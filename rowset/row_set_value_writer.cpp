@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 namespace {
 
@@ -99,4 +99,4 @@ void ValueWriter::writeDate(const char16_t *value, std::u16string &out) {
     if (quoted) out.push_back(kQuote);
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 // Longest value the writer takes, in characters: longer text is cut to it, as the
 // library's value buffers always were.
@@ -41,4 +41,4 @@ private:
     std::vector<char16_t> encoded_; // room for an escaped text
 };
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

@@ -1,10 +1,7 @@
 // Rules shared by the identifier preparation functions.
 #include "sqltext/identifier_rules.h"
 
-#include "core/odbc/odbc_text.h"
 #include "ostrel.h"
-
-#include <sqlext.h>
 
 namespace tabra::sqltext {
 namespace {
@@ -47,15 +44,6 @@ bool isAllSpaces(std::u16string_view text) {
     return true;
 }
 
-std::u16string quoteStringOf(SQLHDBC connection) {
-    char16_t quote[11] = {}; // 10 handed over; some drivers count it in characters
-    SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, 10, &length);
-    quote[4] = u'\0'; // a quote string has at most 4 characters
-    if (length < 1 || quote[0] == u' ') return {};
-    return std::u16string(quote);
-}
-
 std::u16string wrapBounded(std::u16string_view part, std::u16string_view quote, size_t capacity) {
     std::u16string wrapped;
     wrapped.reserve(part.size() + 2 * quote.size());
@@ -77,28 +65,26 @@ std::vector<std::u16string> splitDottedParts(std::u16string_view name, size_t ma
     return parts;
 }
 
-void writePreparedName(std::u16string_view name, std::u16string_view quote, char16_t *destination,
-                       int32_t size) {
+void writePreparedName(std::u16string_view name, std::u16string_view quote, int32_t size, std::u16string &out) {
+    out.clear();
+    if (size < 1) return;
+    const auto room = static_cast<size_t>(size - 1); // what a destination of size keeps
     int32_t remaining = size;
-    int32_t position = 0;
     bool first = true;
     for (std::u16string part : splitDottedParts(name, kPartCapacity - 1)) {
         part = trimSpacesAndQuotes(std::move(part), quote[0]);
         if (part != u"*" && !Ostrel_IsBlankString(part.c_str()) && !isPlainIdentifier(part))
             part = wrapBounded(part, quote, kPartCapacity);
-        // The "." is written when 3 characters remain but is not counted; a write is
-        // still never allowed past the end of the destination.
-        if (!first && remaining >= 3 && position < size - 1) destination[position++] = u'.';
+        // The "." is written when 3 characters remain but is not counted; nothing is
+        // ever written past the destination's room.
+        if (!first && remaining >= 3 && out.size() < room) out += u'.';
         first = false;
         auto length = static_cast<int32_t>(part.size());
         if (remaining > length) {
-            int32_t fits = std::min(length, size - 1 - position);
-            part.copy(destination + position, static_cast<size_t>(fits));
-            position += fits;
+            out.append(part, 0, room - out.size());
             remaining -= length;
         }
     }
-    if (remaining >= 1) destination[std::min(position, size - 1)] = u'\0';
 }
 
 } // namespace tabra::sqltext

@@ -1,5 +1,6 @@
 // The small rules identifier preparation is built from: what a plain identifier is,
-// the connection's quote string, and splitting a dotted name into parts.
+// wrapping in a quote string, and splitting a dotted name into parts. (The
+// connection's quote string comes from core/connection/connection_info.h.)
 #pragma once
 
 #include <sql.h>
@@ -16,10 +17,6 @@ bool isPlainIdentifier(std::u16string_view name);
 // Only the space character (code 32) counts for these.
 bool isAllSpaces(std::u16string_view text);
 
-// The identifier quote string the driver reports (at most 4 characters), empty when
-// the driver does not quote (nothing returned, or a space).
-std::u16string quoteStringOf(SQLHDBC connection);
-
 // The text "open + part + close", bounded as a part buffer of the given capacity is:
 // at most capacity - 1 characters, so a part near the limit loses its end.
 std::u16string wrapBounded(std::u16string_view part, std::u16string_view quote, size_t capacity);
@@ -28,11 +25,10 @@ std::u16string wrapBounded(std::u16string_view part, std::u16string_view quote, 
 std::vector<std::u16string> splitDottedParts(std::u16string_view name, size_t maxLength);
 
 // Prepares one name with a known, non-empty quote string (each dotted part trimmed of
-// spaces and quote characters, then quoted unless plain, "*" or blank) and writes it
-// with the list accounting: "." before every part but the first when at least 3
-// characters remain (not counted), a part only when it fits. The writes never pass
-// the destination's size.
-void writePreparedName(std::u16string_view name, std::u16string_view quote, char16_t *destination,
-                       int32_t size);
+// spaces and quote characters, then quoted unless plain, "*" or blank) into out, as a
+// destination of size characters holds it, with the list accounting: "." before every
+// part but the first when at least 3 characters remain (not counted), a part only when
+// it fits.
+void writePreparedName(std::u16string_view name, std::u16string_view quote, int32_t size, std::u16string &out);
 
 } // namespace tabra::sqltext

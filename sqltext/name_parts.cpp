@@ -1,14 +1,16 @@
 // Taking prepared names apart again: stripping delimiters and splitting a qualified
 // name into schema and table.
+#include "sqltext/name_parts.h"
+
+#include "core/connection/connection_info.h"
 #include "ostrel.h"
+#include "platform/text/bounded_text.h"
 #include "sqltext/identifier_rules.h"
-#include "tabra_connection.h"
 #include "tabra_sqltext.h"
 
 #include <string>
 
-using namespace tabra::sqltext;
-
+namespace tabra::sqltext {
 namespace {
 
 constexpr size_t kPartLength = 199;
@@ -17,15 +19,10 @@ bool isBlankCharacter(char16_t c) { return c >= 1 && c <= 32; }
 
 } // namespace
 
-extern "C" void Tabra_StripDelimitersFromName(SQLHDBC connection, char16_t *name) {
-    if (name == nullptr) return;
-    // The reply is not tested: without a connection no quote character is known and
+std::u16string stripDelimiters(SQLHDBC connection, std::u16string_view name) {
+    // The answer is not tested: without a connection no quote character is known and
     // only the blanks are trimmed.
-    char16_t reply[11] = {}; // 10 handed over; some drivers count it in characters
-    SQLSMALLINT length = 0;
-    if (connection != SQL_NULL_HDBC) SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, reply, 10, &length);
-    char16_t quote = reply[0];
-
+    const char16_t quote = connection::identifierQuote(connection).first();
     std::u16string joined;
     bool first = true;
     for (std::u16string part : splitDottedParts(name, kPartLength)) {
@@ -39,9 +36,28 @@ extern "C" void Tabra_StripDelimitersFromName(SQLHDBC connection, char16_t *name
         first = false;
         joined.append(part, begin, end - begin);
     }
+    return joined;
+}
+
+SchemaAndTable splitSchemaAndTable(SQLHDBC connection, std::u16string_view name) {
+    size_t dot = name.find(u'.');
+    bool schemasKnown = connection == SQL_NULL_HDBC || connection::schemaUsage(connection) != 0;
+    if (!schemasKnown || dot == std::u16string_view::npos) return {u"", std::u16string(name)};
+    size_t next = name.find(u'.', dot + 1);
+    return {std::u16string(name.substr(0, dot)),
+            std::u16string(name.substr(dot + 1, next == std::u16string_view::npos ? next : next - dot - 1))};
+}
+
+} // namespace tabra::sqltext
+
+using namespace tabra::sqltext;
+
+extern "C" void Tabra_StripDelimitersFromName(SQLHDBC connection, char16_t *name) {
+    if (name == nullptr) return;
     // Never longer than the input, so it fits where the name was.
-    joined.copy(name, joined.size());
-    name[joined.size()] = u'\0';
+    const std::u16string stripped = stripDelimiters(connection, name);
+    stripped.copy(name, stripped.size());
+    name[stripped.size()] = u'\0';
 }
 
 extern "C" void Tabra_StripBracketsFromSqlName(char16_t *name) { Tabra_StripDelimitersFromName(nullptr, name); }
@@ -49,16 +65,7 @@ extern "C" void Tabra_StripBracketsFromSqlName(char16_t *name) { Tabra_StripDeli
 extern "C" void Tabra_ParseSchemaAndTable(SQLHDBC connection, const char16_t *name, char16_t *schema,
                                           int32_t schemaSize, char16_t *table, int32_t tableSize) {
     if (schema == nullptr || schemaSize < 2 || table == nullptr || tableSize < 2) return;
-    std::u16string text = name ? std::u16string(name) : std::u16string();
-    size_t dot = text.find(u'.');
-    bool schemasKnown = connection == SQL_NULL_HDBC || Tabra_GetSchemaUsage(connection) != 0;
-    if (!schemasKnown || dot == std::u16string::npos) {
-        OstrelCopyString(schema, u"", schemaSize);
-        OstrelCopyString(table, text.c_str(), tableSize);
-        return;
-    }
-    size_t next = text.find(u'.', dot + 1);
-    std::u16string tablePart = text.substr(dot + 1, next == std::u16string::npos ? next : next - dot - 1);
-    OstrelCopyString(schema, text.substr(0, dot).c_str(), schemaSize);
-    OstrelCopyString(table, tablePart.c_str(), tableSize);
+    const SchemaAndTable parts = splitSchemaAndTable(connection, tabra::platform::viewOf(name));
+    OstrelCopyString(schema, parts.schema.c_str(), schemaSize);
+    OstrelCopyString(table, parts.table.c_str(), tableSize);
 }

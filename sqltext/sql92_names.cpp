@@ -1,6 +1,10 @@
 // Names prepared with the connection's identifier quote character. Plain identifiers
 // stay bare; every other dotted part is unquoted first and quoted once.
+#include "sqltext/sql92_names.h"
+
+#include "core/connection/connection_info.h"
 #include "ostrel.h"
+#include "platform/text/bounded_text.h"
 #include "sqltext/identifier_rules.h"
 #include "tabra_sqltext.h"
 
@@ -8,6 +12,9 @@
 #include <string>
 
 using namespace tabra::sqltext;
+using tabra::connection::identifierQuote;
+using tabra::platform::boundedPrefix;
+using tabra::platform::viewOf;
 
 namespace {
 
@@ -15,54 +22,66 @@ constexpr int32_t kItemCapacity = 200; // one list item: 199 characters and a te
 
 } // namespace
 
+namespace tabra::sqltext {
+
+void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out) {
+    out.clear();
+    if (size < 1 || Ostrel_IsBlankString(name)) return;
+    const std::u16string quote = identifierQuote(connection).quoteString();
+    if (quote.empty())
+        out = boundedPrefix(name, static_cast<size_t>(size));
+    else
+        writePreparedName(name, quote, size, out);
+}
+
+std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size) {
+    std::u16string prepared;
+    prepareNameForSql92(connection, name, size, prepared);
+    return prepared;
+}
+
+std::u16string prepareNameList(SQLHDBC connection, std::u16string_view list, int32_t size, char16_t inputSeparator,
+                               char16_t outputSeparator) {
+    std::u16string prepared;
+    if (size < 1) return prepared;
+    const std::u16string copy(list);
+    std::u16string name;
+    int32_t remaining = size;
+    int32_t tokenPosition = 0;
+    bool first = true;
+    char16_t item[kItemCapacity];
+    while (Ostrel_ReadToken(copy.c_str(), &tokenPosition, inputSeparator, item, kItemCapacity) == 1) {
+        // The quote string is asked again for every item.
+        prepareNameForSql92(connection, item, kItemCapacity, name);
+        const auto room = static_cast<size_t>(size - 1);
+        // The separator is written when 3 characters remain and not counted; an item
+        // only when it fits. Nothing goes past the list's capacity.
+        if (!first && remaining >= 3 && prepared.size() < room) prepared += outputSeparator;
+        first = false;
+        auto length = static_cast<int32_t>(name.size());
+        if (remaining > length) {
+            prepared.append(name, 0, room - prepared.size());
+            remaining -= length;
+        }
+    }
+    return prepared;
+}
+
+} // namespace tabra::sqltext
+
 extern "C" void Tabra_PrepareNameForSql92(SQLHDBC connection, const char16_t *name, char16_t *destination,
                                           int32_t size, int32_t) {
     if (destination == nullptr || size < 1) return;
-    if (Ostrel_IsBlankString(name)) {
-        destination[0] = u'\0';
-        return;
-    }
-    std::u16string quote = quoteStringOf(connection);
-    if (quote.empty()) {
-        OstrelCopyString(destination, name, size);
-        return;
-    }
-    writePreparedName(name, quote, destination, size);
+    OstrelCopyString(destination, prepareNameForSql92(connection, name, size).c_str(), size);
 }
 
 extern "C" void Tabra_PrepareNameListForSql92(SQLHDBC connection, char16_t *list, int32_t size,
                                               char16_t inputSeparator, char16_t outputSeparator) {
     if (list == nullptr || size < 1) return;
-    std::u16string copy(list, std::find(list, list + size, u'\0'));
-
-    int32_t remaining = size;
-    int32_t position = 0;
-    int32_t tokenPosition = 0;
-    bool first = true;
-    char16_t item[kItemCapacity];
-    char16_t prepared[kItemCapacity];
-    while (Ostrel_ReadToken(copy.c_str(), &tokenPosition, inputSeparator, item, kItemCapacity) == 1) {
-        prepared[0] = u'\0';
-        if (!Ostrel_IsBlankString(item)) {
-            std::u16string quote = quoteStringOf(connection); // asked again for every item
-            if (quote.empty())
-                OstrelCopyString(prepared, item, kItemCapacity);
-            else
-                writePreparedName(item, quote, prepared, kItemCapacity);
-        }
-        // The separator is written when 3 characters remain and not counted; an item
-        // only when it fits. Nothing is ever written past the end of the list buffer.
-        if (!first && remaining >= 3 && position < size - 1) list[position++] = outputSeparator;
-        first = false;
-        auto length = static_cast<int32_t>(std::char_traits<char16_t>::length(prepared));
-        if (remaining > length) {
-            int32_t fits = std::min(length, size - 1 - position);
-            std::copy_n(prepared, fits, list + position);
-            position += fits;
-            remaining -= length;
-        }
-    }
-    if (remaining >= 1) list[std::min(position, size - 1)] = u'\0';
+    const std::u16string prepared =
+        prepareNameList(connection, std::u16string_view(list, std::find(list, list + size, u'\0') - list), size,
+                        inputSeparator, outputSeparator);
+    OstrelCopyString(list, prepared.c_str(), size);
 }
 
 extern "C" void Tabra_QuoteNameIfNotPureSql(SQLHDBC connection, char16_t *name, int32_t size) {
@@ -71,10 +90,6 @@ extern "C" void Tabra_QuoteNameIfNotPureSql(SQLHDBC connection, char16_t *name, 
     if (isPlainIdentifier(current)) return;
     // No stripping and no test for a driver that does not quote: a space quote string
     // wraps the name in spaces, and a quoted name is quoted again.
-    char16_t quote[11] = {}; // 10 handed over; some drivers count it in characters
-    SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, 10, &length);
-    quote[4] = u'\0'; // a quote string has at most 4 characters
-    std::u16string wrapped = wrapBounded(current, quote, static_cast<size_t>(size));
+    std::u16string wrapped = wrapBounded(current, identifierQuote(connection).text, static_cast<size_t>(size));
     OstrelCopyString(name, wrapped.c_str(), size);
 }

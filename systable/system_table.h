@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-namespace tabra::catalog {
+namespace tabra::systable {
 
 // The name of the system table ("OstrelSysTable").
 extern std::u16string systemTableName;
@@ -19,6 +19,10 @@ extern std::u16string systemTableName;
 // Whether the system table exists, asked of the catalog (tables only, no schema); a
 // catalog that cannot be asked (2) does not count as a missing table.
 bool systemTableExists(SQLHDBC connection);
+
+// Creates the system table with the value column the database's type asks for: 1
+// created, 2 not (shown: the only statement of the store whose failure is).
+int32_t createSystemTable(SQLHDBC connection);
 
 // Creates the system table when it does not exist: 1 when it is there now, else the
 // result of the failed creation (2, shown).
@@ -41,4 +45,4 @@ inline constexpr char16_t kWriteItemStatement[] =
 // Every statement of the store except the creation tolerates every failure.
 inline constexpr char16_t kAnyState[] = u"*";
 
-} // namespace tabra::catalog
+} // namespace tabra::systable

@@ -4,12 +4,12 @@
 #include "systable/system_table.h"
 #include "systable/system_table_literal.h"
 #include "ostrel.h"
-#include "tabra_rowset.h"
+#include "rowset/row_set.h"
 #include "tabra_systable.h"
 
 #include <string>
 
-using namespace tabra::catalog;
+using namespace tabra::systable;
 
 namespace {
 
@@ -18,7 +18,7 @@ constexpr int32_t kWorkCapacity = 10000;
 // Runs a statement of the store for its effect; one that did not fit is not run (2).
 int32_t perform(SQLHDBC connection, const std::optional<std::u16string> &statement) {
     if (!statement) return 2;
-    return OdbcEh_PerformSqlStatement(0, connection, statement->c_str(), kAnyState);
+    return tabra::rowset::performStatement(connection, statement->c_str(), kAnyState);
 }
 
 } // namespace
@@ -33,8 +33,8 @@ extern "C" int32_t Tabra_ReadSysTableString(SQLHDBC connection, const char16_t *
 
     const auto statement =
         formatSystemTableStatement(kReadItemStatement, {systemTableName, object, type, itemName ? itemName : u""});
-    if (!statement || OdbcEh_SelectRowSetToBuffer(0, connection, statement->c_str(), u"\t", u"\t", output, capacity,
-                                                  kAnyState, 0) != 1)
+    if (!statement || tabra::rowset::selectToBuffer(connection, statement->c_str(), u"\t", u"\t", output, capacity,
+                                                    kAnyState, 0) != 1)
         output[0] = u'\0';
     if (Ostrel_IsBlankString(output)) OstrelCopyString(output, defaultValue, capacity);
     // The stored form becomes the value again (a default passes the same way).

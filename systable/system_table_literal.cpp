@@ -2,25 +2,21 @@
 // MariaDB) reads them as escapes by default. The server's own answer says which.
 #include "systable/system_table_literal.h"
 
+#include "core/connection/connection_info.h"
 #include "platform/text/case_folding.h"
-#include "tabra_rowset.h"
-
-#include <sqlext.h>
+#include "rowset/row_set.h"
 
 #include <string_view>
 
 using tabra::platform::equalIgnoringCase;
 
-namespace tabra::catalog {
+namespace tabra::systable {
 namespace {
 
-constexpr int32_t kAnswerCapacity = 10;
+constexpr size_t kAnswerCapacity = 10;
 
 bool isMySqlFamily(SQLHDBC connection) {
-    char16_t name[101] = {};
-    SQLSMALLINT length = 0;
-    if (SQLGetInfoW(connection, SQL_DBMS_NAME, name, 100, &length) != SQL_SUCCESS) return false;
-    const std::u16string_view dbms(name);
+    const std::u16string dbms = connection::dbmsName(connection);
     return equalIgnoringCase(dbms, u"MySQL") || equalIgnoringCase(dbms, u"MariaDB");
 }
 
@@ -30,11 +26,8 @@ bool isMySqlFamily(SQLHDBC connection) {
 // read them, the family's default.
 bool readsBackslashEscapes(SQLHDBC connection) {
     if (!isMySqlFamily(connection)) return false;
-    char16_t answer[kAnswerCapacity] = {};
-    if (OdbcEh_SelectRowSetToBuffer(0, connection, u"SELECT '\\\\'", u"\t", u"\n", answer, kAnswerCapacity, u"*",
-                                    0) != 1)
-        return true;
-    return std::u16string_view(answer) == u"\\";
+    const auto answer = rowset::selectToText(connection, u"SELECT '\\\\'", u"\t", u"\n", kAnswerCapacity, u"*", 0);
+    return !answer || *answer == u"\\";
 }
 
 } // namespace
@@ -47,4 +40,4 @@ std::u16string valueLiteralText(SQLHDBC connection, const char16_t *escapedValue
     return literal;
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::systable

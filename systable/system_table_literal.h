@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace tabra::catalog {
+namespace tabra::systable {
 
 // The escaped value (quotes already doubled) as literal text for the connection. The
 // MySQL family reads a backslash in a string literal as the start of an escape (unless
@@ -14,4 +14,4 @@ namespace tabra::catalog {
 // text goes in as it is.
 std::u16string valueLiteralText(SQLHDBC connection, const char16_t *escapedValue);
 
-} // namespace tabra::catalog
+} // namespace tabra::systable

@@ -2,7 +2,7 @@
 // no statement at all.
 #include "systable/system_table.h"
 
-namespace tabra::catalog {
+namespace tabra::systable {
 namespace {
 
 constexpr size_t kStatementCapacity = 1000; // characters, terminator included
@@ -25,4 +25,4 @@ std::optional<std::u16string> formatSystemTableStatement(std::u16string_view for
     return statement;
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::systable

@@ -1,33 +1,17 @@
-// Questions asked of an open connection. Nothing is cached: every call asks the
-// driver again.
-#include "core/odbc/odbc_text.h"
-#include "tabra_connection.h"
+// Questions asked of an open connection, and the exported queries over them.
+#include "core/connection/connection_info.h"
 
-#include <cstring>
+#include "core/odbc/odbc_text.h"
+
 #include <string_view>
 
-using tabra::odbc::sqlText;
-
+namespace tabra::connection {
 namespace {
 
-// The three text queries share one pattern. The length goes to the driver as its
-// buffer length, which ODBC counts in bytes: at most half of the caller's buffer is
-// used, and nothing can overflow. The answer is always terminated within that half,
-// also when a driver cuts it without a terminator or fails (then it is empty).
-void readTextInfo(SQLHDBC connection, SQLUSMALLINT code, char16_t *buffer, int32_t length, SQLRETURN *result) {
-    if (buffer == nullptr || length < 1) return;
-    if (connection == SQL_NULL_HDBC) {
-        buffer[0] = u'\0';
-        return;
-    }
-    SQLSMALLINT scratch = 0;
-    SQLSMALLINT byteLength = static_cast<SQLSMALLINT>(length > 0x7FFF ? 0x7FFF : length);
-    buffer[0] = u'\0';
-    SQLRETURN rc = SQLGetInfoW(connection, code, buffer, byteLength, &scratch);
-    if (!SQL_SUCCEEDED(rc)) buffer[0] = u'\0';
-    buffer[byteLength / 2 > 0 ? byteLength / 2 - 1 : 0] = u'\0';
-    if (result != nullptr) *result = rc;
-}
+// The lengths handed over as byte counts; the answers are read into buffers with room
+// for as many characters, as some drivers count the length in characters.
+constexpr SQLSMALLINT kQuoteBytes = 10;
+constexpr SQLSMALLINT kDbmsNameBytes = 100;
 
 char16_t asciiUpper(char16_t c) { return (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c; }
 
@@ -40,29 +24,38 @@ bool equalsIgnoringCase(std::u16string_view text, std::u16string_view upper) {
 
 } // namespace
 
-extern "C" void Tabra_GetDataSourceName(SQLHDBC connection, char16_t *buffer, int32_t length) {
-    readTextInfo(connection, SQL_DATA_SOURCE_NAME, buffer, length, nullptr);
+IdentifierQuote identifierQuote(SQLHDBC connection) {
+    IdentifierQuote quote;
+    if (connection == SQL_NULL_HDBC) return quote;
+    char16_t reply[kQuoteBytes + 1] = {};
+    SQLRETURN rc = SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, reply, kQuoteBytes, &quote.length);
+    quote.answered = SQL_SUCCEEDED(rc);
+    reply[4] = u'\0'; // a quote string has at most 4 characters
+    quote.text = reply;
+    return quote;
 }
 
-extern "C" void Tabra_GetDatabaseName(SQLHDBC connection, char16_t *buffer, int32_t length) {
-    readTextInfo(connection, SQL_DATABASE_NAME, buffer, length, nullptr);
-}
-
-extern "C" SQLRETURN Tabra_GetDriverVersion(SQLHDBC connection, char16_t *buffer, int32_t length) {
-    SQLRETURN rc = SQL_ERROR;
-    readTextInfo(connection, SQL_DRIVER_VER, buffer, length, &rc);
-    return rc;
-}
-
-extern "C" int32_t Tabra_GetDatabaseType(SQLHDBC connection) {
-    // 100 is handed over as the buffer length; the driver manager counts it in
-    // characters for some drivers, so the buffer has room for 100 characters, and the
-    // name is read as the first 49 of them.
-    char16_t name[101] = {};
+uint32_t schemaUsage(SQLHDBC connection, odbc::Acceptance acceptance) {
+    if (connection == SQL_NULL_HDBC) return 0;
+    SQLUINTEGER mask = 0;
     SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_DBMS_NAME, name, 100, &length);
-    name[49] = u'\0';
-    std::u16string_view dbms(name);
+    SQLRETURN rc = SQLGetInfoW(connection, SQL_SCHEMA_USAGE, &mask, sizeof mask, &length);
+    bool accepted = rc == SQL_SUCCESS || (rc == SQL_SUCCESS_WITH_INFO && acceptance != odbc::Acceptance::Strict);
+    return accepted ? mask : 0;
+}
+
+std::u16string dbmsName(SQLHDBC connection) {
+    if (connection == SQL_NULL_HDBC) return {};
+    char16_t name[kDbmsNameBytes + 1] = {};
+    SQLSMALLINT length = 0;
+    if (!SQL_SUCCEEDED(SQLGetInfoW(connection, SQL_DBMS_NAME, name, kDbmsNameBytes, &length))) return {};
+    name[49] = u'\0'; // the name is read as its first 49 characters
+    return name;
+}
+
+DatabaseType databaseType(SQLHDBC connection) {
+    const std::u16string name = dbmsName(connection);
+    const std::u16string_view dbms(name);
     if (equalsIgnoringCase(dbms, u"MICROSOFT SQL SERVER")) return DbSqlServer;
     if (equalsIgnoringCase(dbms, u"ACCESS")) return DbAccess;
     if (dbms.size() >= 6 && equalsIgnoringCase(dbms.substr(0, 6), u"ORACLE")) return DbOracle;
@@ -72,17 +65,36 @@ extern "C" int32_t Tabra_GetDatabaseType(SQLHDBC connection) {
     return DbOther;
 }
 
-extern "C" char16_t Tabra_GetDelimiter(SQLHDBC connection) {
-    char16_t quote[11] = {}; // room for 10 characters: see Tabra_GetDatabaseType
-    SQLSMALLINT length = 0;
-    SQLGetInfoW(connection, SQL_IDENTIFIER_QUOTE_CHAR, quote, 10, &length);
-    return quote[0];
+SQLRETURN readTextInfo(SQLHDBC connection, SQLUSMALLINT code, char16_t *buffer, int32_t length) {
+    if (buffer == nullptr || length < 1) return SQL_ERROR;
+    buffer[0] = u'\0';
+    if (connection == SQL_NULL_HDBC) return SQL_ERROR;
+    SQLSMALLINT scratch = 0;
+    SQLSMALLINT byteLength = static_cast<SQLSMALLINT>(length > 0x7FFF ? 0x7FFF : length);
+    SQLRETURN rc = SQLGetInfoW(connection, code, buffer, byteLength, &scratch);
+    if (!SQL_SUCCEEDED(rc)) buffer[0] = u'\0';
+    buffer[byteLength / 2 > 0 ? byteLength / 2 - 1 : 0] = u'\0';
+    return rc;
 }
 
-extern "C" uint32_t Tabra_GetSchemaUsage(SQLHDBC connection) {
-    if (connection == SQL_NULL_HDBC) return 0;
-    SQLUINTEGER mask = 0;
-    SQLSMALLINT length = 0;
-    SQLRETURN rc = SQLGetInfoW(connection, SQL_SCHEMA_USAGE, &mask, 0, &length);
-    return rc == SQL_SUCCESS ? mask : 0;
+} // namespace tabra::connection
+
+using namespace tabra::connection;
+
+extern "C" void Tabra_GetDataSourceName(SQLHDBC connection, char16_t *buffer, int32_t length) {
+    readTextInfo(connection, SQL_DATA_SOURCE_NAME, buffer, length);
 }
+
+extern "C" void Tabra_GetDatabaseName(SQLHDBC connection, char16_t *buffer, int32_t length) {
+    readTextInfo(connection, SQL_DATABASE_NAME, buffer, length);
+}
+
+extern "C" SQLRETURN Tabra_GetDriverVersion(SQLHDBC connection, char16_t *buffer, int32_t length) {
+    return readTextInfo(connection, SQL_DRIVER_VER, buffer, length);
+}
+
+extern "C" int32_t Tabra_GetDatabaseType(SQLHDBC connection) { return databaseType(connection); }
+
+extern "C" char16_t Tabra_GetDelimiter(SQLHDBC connection) { return identifierQuote(connection).first(); }
+
+extern "C" uint32_t Tabra_GetSchemaUsage(SQLHDBC connection) { return schemaUsage(connection); }

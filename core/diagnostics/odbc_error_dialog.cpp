@@ -3,6 +3,8 @@
 // failure of the library reaches the user through here, modally, at the place where
 // it happened.
 #include "core/dialogs/dialog.h"
+#include "core/diagnostics/odbc_error_display.h"
+#include "core/module/module_state.h"
 #include "core/odbc/odbc_text.h"
 #include "core/resource_ids.h"
 #include "ostrel.h"
@@ -142,4 +144,8 @@ extern "C" int32_t Tabra_DisplayErrorOrInfoHstmt(SQLHSTMT statement, SQLRETURN r
                                                  const char16_t *statementText) {
     if (returnCode == SQL_SUCCESS_WITH_INFO && (Ostrel_GetDumpState(0) & OSTREL_DUMP_SHOW_INFO) == 0) return 1;
     return showErrorDialog(SQL_HANDLE_STMT, statement, statementText);
+}
+
+int32_t tabra::diagnostics::showOdbcError(SQLSMALLINT handleType, SQLHANDLE handle, const char16_t *statementText) {
+    return showErrorDialog(handleType, handle, statementText);
 }

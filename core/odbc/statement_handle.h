@@ -1,5 +1,5 @@
-// A statement handle that lives for one call: allocated from a connection and
-// dropped on every path out of the scope that owns it.
+// A statement handle that lives for one call: dropped on every path out of the scope
+// that owns it. Only the statement runner allocates one (core/odbc/statement_runner.h).
 #pragma once
 
 #include <sql.h>
@@ -19,16 +19,6 @@ public:
         return *this;
     }
     ~StatementHandle() { reset(); }
-
-    // Allocates from the connection with the ODBC 2 call the library uses throughout;
-    // returns the driver manager's result (the handle stays empty on failure).
-    SQLRETURN allocate(SQLHDBC connection) {
-        reset();
-        SQLHSTMT fresh = SQL_NULL_HSTMT;
-        SQLRETURN rc = SQLAllocStmt(connection, &fresh);
-        if (rc == SQL_SUCCESS || rc == SQL_SUCCESS_WITH_INFO) handle_ = fresh;
-        return rc;
-    }
 
     SQLHSTMT get() const { return handle_; }
     explicit operator bool() const { return handle_ != SQL_NULL_HSTMT; }

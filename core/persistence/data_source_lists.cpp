@@ -1,17 +1,20 @@
 // Filling list boxes with the data sources the driver manager knows and with the
 // schemas of a connection that own tables.
+#include "core/connection/connection_info.h"
+#include "core/odbc/bound_column.h"
 #include "core/resource_ids.h"
 #include "core/odbc/odbc_text.h"
-#include "core/odbc/statement_handle.h"
+#include "core/odbc/statement_runner.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
 
+using tabra::odbc::RunResult;
 using tabra::odbc::sqlText;
 
 namespace {
 
 constexpr SQLSMALLINT kNameBytes = 200;  // SQLDataSourcesW buffer lengths, as the driver manager counts them
-constexpr SQLLEN kCatalogColumnBytes = 99;
+constexpr int32_t kCatalogColumnDeclared = 99; // wide characters of a catalog column, terminator included
 constexpr uint32_t kAddOnce = 2;          // Ostrel_AddBoxEntry: keep each text once
 
 } // namespace
@@ -40,32 +43,20 @@ extern "C" int32_t Tabra_FillDataSourcesBox(HWND list) {
 extern "C" int32_t Tabra_FillSchemataBox(SQLHDBC connection, HWND list) {
     if (connection == SQL_NULL_HDBC || list == nullptr) return 2;
     Ostrel_ResetBox(list);
-    if (Tabra_GetSchemaUsage(connection) == 0) return 1;
+    if (tabra::connection::schemaUsage(connection) == 0) return 1;
 
-    tabra::odbc::StatementHandle statement;
-    if (statement.allocate(connection) != SQL_SUCCESS) {
-        Tabra_DisplayErrorHdbc(connection);
+    tabra::odbc::StatementRunner statement(connection, nullptr);
+    if (statement.allocate() != RunResult::Done ||
+        statement.check(SQLTablesW(statement.handle(), nullptr, 0, nullptr, 0, nullptr, 0, sqlText(u"'TABLE'"),
+                                   SQL_NTS)) != RunResult::Done)
         return 2;
-    }
-    SQLRETURN rc = SQLTablesW(statement.get(), nullptr, 0, nullptr, 0, nullptr, 0, sqlText(u"'TABLE'"), SQL_NTS);
-    if (!tabra::odbc::succeeded(rc)) {
-        Tabra_DisplayErrorHstmt(statement.get(), nullptr);
+    tabra::odbc::BoundText<100> schema, table;
+    if (statement.check(schema.bind(statement.handle(), 2, kCatalogColumnDeclared)) != RunResult::Done ||
+        statement.check(table.bind(statement.handle(), 3, kCatalogColumnDeclared)) != RunResult::Done)
         return 2;
-    }
-    char16_t schema[100] = {};
-    char16_t table[100] = {};
-    SQLLEN schemaIndicator = 0;
-    SQLLEN tableIndicator = 0;
-    if (!tabra::odbc::succeeded(SQLBindCol(statement.get(), 2, SQL_C_WCHAR, schema, kCatalogColumnBytes * 2,
-                                           &schemaIndicator)) ||
-        !tabra::odbc::succeeded(SQLBindCol(statement.get(), 3, SQL_C_WCHAR, table, kCatalogColumnBytes * 2,
-                                           &tableIndicator))) {
-        Tabra_DisplayErrorHstmt(statement.get(), nullptr);
-        return 2;
-    }
-    while (tabra::odbc::succeeded(SQLFetch(statement.get()))) {
-        if (schemaIndicator == SQL_NULL_DATA || Ostrel_IsBlankString(schema)) continue;
-        Ostrel_AddBoxEntry(list, schema, 0, -1, kAddOnce);
+    while (tabra::odbc::succeeded(statement.fetch())) {
+        if (schema.isNull() || Ostrel_IsBlankString(schema.text)) continue;
+        Ostrel_AddBoxEntry(list, schema.text, 0, -1, kAddOnce);
     }
     return 1;
 }

@@ -29,6 +29,12 @@ std::u16string_view viewOfBuffer(const char16_t *text, std::size_t capacity);
 // half of a surrogate pair whose low half is text[n].
 std::size_t cutLength(std::u16string_view text, std::size_t maxChars);
 
+// The part of text a buffer of capacity characters keeps: at most capacity - 1
+// characters, cut by cutLength (nothing for a capacity below 1).
+inline std::u16string_view boundedPrefix(std::u16string_view text, std::size_t capacity) {
+    return capacity < 1 ? std::u16string_view() : text.substr(0, cutLength(text, capacity - 1));
+}
+
 // Copies text into destination, cut to capacity - 1 characters by cutLength, and
 // terminates it. Returns the length written, or -1 for a null destination or a
 // capacity below 1. The source may overlap the destination.

@@ -17,9 +17,6 @@ protected:
                            u"CREATE TABLE \"order items\" (\"line no\" INTEGER PRIMARY KEY, qty INTEGER)",
                            u"INSERT INTO orders VALUES (1, 10)", u"INSERT INTO orders VALUES (2, 20)"});
     }
-    static void expectNoOpenStatements(const char *what) {
-        EXPECT_EQ(testDriverStatementCounts().open(), 0) << what;
-    }
 };
 
 TEST_F(CatalogTestDriverTest, ADriverWithoutPrimaryKeysGivesTwoAndAnEmptyList) {

@@ -84,6 +84,11 @@ inline void expectNothingShown(const ScriptedRun &run) {
     EXPECT_TRUE(run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).empty());
 }
 
+// The test driver's statement handles: none may be left open after an operation.
+inline void expectNoOpenStatements(const char *what) {
+    EXPECT_EQ(testDriverStatementCounts().open(), 0) << what;
+}
+
 // Number of ODBC error dialogs shown in the run.
 inline size_t errorDialogsShown(const ScriptedRun &run) { return run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).size(); }
 

@@ -2,6 +2,8 @@
 // on the real databases.
 #include "catalog_test_support.h"
 
+#include <tuple>
+
 namespace tabra::test {
 namespace {
 
@@ -107,12 +109,10 @@ TEST_P(ColumnFactsTest, AMissingColumnIsShownAndGivesTheFailureValue) {
     if (shown) again.queue(click(core::ids::kErrorDialog.id, IDOK));
     ColumnProperties properties{7, 7, 7, 7, 7, 7};
     EXPECT_EQ(Tabra_GetColumnProperties(hdbc, u"no_such_table", u"id", &properties), prepareFindsMissingNames() ? 2 : 1);
-    EXPECT_EQ(properties.sqlType, 0);
-    EXPECT_EQ(properties.autoIncrement, 0u);
-    EXPECT_EQ(properties.caseSensitive, 0u);
-    EXPECT_EQ(properties.length, 0);
-    EXPECT_EQ(properties.nullable, 0u);
-    EXPECT_EQ(properties.updatable, 0u);
+    auto fields = [](const ColumnProperties &p) {
+        return std::make_tuple(p.sqlType, p.autoIncrement, p.caseSensitive, p.length, p.nullable, p.updatable);
+    };
+    EXPECT_EQ(fields(properties), fields(ColumnProperties{}));
     EXPECT_FALSE(again.failed()) << again.report();
     EXPECT_EQ(errorDialogsShown(again), shown);
 }
@@ -122,23 +122,30 @@ TEST_P(ColumnFactsTest, PrimaryKeysInKeyOrderWithQuoting) {
     createItems(connection);
     ScriptedRun run;
     SQLHDBC hdbc = connection.handle();
-    char16_t keys[200] = u"#";
-    EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, u"items", 0, nullptr, keys, 200), 1);
-    EXPECT_EQ(std::u16string(keys), u"id");
     // The list keeps the driver's row order: PostgreSQL's driver lists the key's own
     // order, SQLite's and MariaDB's list the key columns in the table's column order.
-    bool keyOrder = backend() == Backend::PostgreSQL;
-    EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, u"pairs", 0, u",", keys, 200), 1);
-    EXPECT_EQ(std::u16string(keys), keyOrder ? u"part_one,part two" : u"part two,part_one");
-    EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, u"pairs", TABRA_FIELDS_QUOTE, u",", keys, 200), 1);
-    EXPECT_EQ(std::u16string(keys), keyOrder ? u"part_one," + quoted(backend(), u"part two")
-                                             : quoted(backend(), u"part two") + u",part_one");
-    EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, u"pairs", 0, u",", keys, 6), 1);
-    EXPECT_EQ(std::u16string(keys), keyOrder ? u"part_" : u"part ");
-    EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, u"keyless", 0, u",", keys, 200), 1);
-    EXPECT_EQ(std::u16string(keys), u"");
-    EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, u"  ", 0, u",", keys, 200), 1);
-    EXPECT_EQ(std::u16string(keys), u"");
+    const bool keyOrder = backend() == Backend::PostgreSQL;
+    const std::u16string partTwo = quoted(backend(), u"part two");
+    struct Case {
+        const char16_t *table;
+        int32_t flags;
+        const char16_t *separator;
+        int32_t capacity;
+        std::u16string expected;
+    };
+    const Case cases[] = {
+        {u"items", 0, nullptr, 200, u"id"},
+        {u"pairs", 0, u",", 200, keyOrder ? u"part_one,part two" : u"part two,part_one"},
+        {u"pairs", TABRA_FIELDS_QUOTE, u",", 200, keyOrder ? u"part_one," + partTwo : partTwo + u",part_one"},
+        {u"pairs", 0, u",", 6, keyOrder ? u"part_" : u"part "},
+        {u"keyless", 0, u",", 200, u""},
+        {u"  ", 0, u",", 200, u""},
+    };
+    for (const Case &c : cases) {
+        std::u16string keys(200, u'#');
+        EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, c.table, c.flags, c.separator, keys.data(), c.capacity), 1);
+        EXPECT_EQ(std::u16string(keys.c_str()), c.expected) << toUtf8(c.table) << " " << c.flags;
+    }
 
     char16_t name[100] = u"#";
     EXPECT_EQ(Tabra_GetPrimaryKeyName(hdbc, u"pairs", 0, name, 100), 1);

@@ -73,24 +73,23 @@ TEST(OdbcValueText, OdbcTwoDatesTakeTheUsersFormAndOdbcThreeDatesStay) {
 }
 
 TEST(ObjectTypeNames, KnownCodesGiveTheirNamesOthersTheEmptyText) {
-    char16_t name[20];
-    EXPECT_EQ(Tabra_ObjectTypeToName(1, name, 20), 5);
-    EXPECT_EQ(std::u16string(name), u"TABLE");
-    Tabra_ObjectTypeToName(2, name, 20);
-    EXPECT_EQ(std::u16string(name), u"VIEW");
-    Tabra_ObjectTypeToName(4, name, 20);
-    EXPECT_EQ(std::u16string(name), u"FORM");
-    Tabra_ObjectTypeToName(8, name, 20);
-    EXPECT_EQ(std::u16string(name), u"REPORT");
-    for (int32_t code : {0, 3, 16, -1}) {
-        name[0] = u'x';
-        EXPECT_EQ(Tabra_ObjectTypeToName(code, name, 20), 0);
-        EXPECT_EQ(name[0], u'\0');
+    struct Case {
+        int32_t code;
+        std::u16string name;
+    };
+    const Case cases[] = {{TABRA_OBJECT_TABLE, u"TABLE"}, {TABRA_OBJECT_VIEW, u"VIEW"}, {TABRA_OBJECT_FORM, u"FORM"},
+                          {TABRA_OBJECT_REPORT, u"REPORT"}, {0, u""}, {3, u""}, {16, u""}, {-1, u""}};
+    for (const Case &c : cases) {
+        char16_t name[20] = u"x";
+        // The result is the bounded copy's: the name's length.
+        EXPECT_EQ(Tabra_ObjectTypeToName(c.code, name, 20), static_cast<int32_t>(c.name.size())) << c.code;
+        EXPECT_EQ(std::u16string(name), c.name);
     }
-    EXPECT_EQ(Tabra_ObjectTypeToName(8, name, 4), 3); // cut like any bounded copy
+    char16_t name[20];
+    EXPECT_EQ(Tabra_ObjectTypeToName(TABRA_OBJECT_REPORT, name, 4), 3); // cut like any bounded copy
     EXPECT_EQ(std::u16string(name), u"REP");
-    EXPECT_EQ(Tabra_ObjectTypeToName(1, nullptr, 20), -1);
-    EXPECT_EQ(Tabra_ObjectTypeToName(1, name, 0), -1);
+    EXPECT_EQ(Tabra_ObjectTypeToName(TABRA_OBJECT_TABLE, nullptr, 20), -1);
+    EXPECT_EQ(Tabra_ObjectTypeToName(TABRA_OBJECT_TABLE, name, 0), -1);
     Tabra_FillFormsBox();
     Tabra_FillReportsBox();
 }
@@ -109,34 +108,35 @@ TEST(TableTypeList, IsBuiltInTheFixedOrderWithoutBlanks) {
 }
 
 TEST(TableTypeList, BookkeepingTablesAreUSysByCaseAndTheSystemTableInAnyCase) {
-    using catalog::isBookkeepingTable;
-    EXPECT_TRUE(isBookkeepingTable(u"USysRelations"));
-    EXPECT_TRUE(isBookkeepingTable(u"USys"));
-    EXPECT_FALSE(isBookkeepingTable(u"usysfoo"));
-    EXPECT_FALSE(isBookkeepingTable(u"USy"));
-    EXPECT_FALSE(isBookkeepingTable(u"MyUSysTable"));
-    EXPECT_TRUE(isBookkeepingTable(u"OstrelSysTable"));
-    EXPECT_TRUE(isBookkeepingTable(u"ostrelsystable"));
-    EXPECT_TRUE(isBookkeepingTable(u"OSTRELSYSTABLE"));
-    EXPECT_FALSE(isBookkeepingTable(u"OstrelSysTable2"));
-    EXPECT_FALSE(isBookkeepingTable(u""));
+    struct Case {
+        const char16_t *name;
+        bool bookkeeping;
+    };
+    const Case cases[] = {
+        {u"USysRelations", true}, {u"USys", true},           {u"usysfoo", false},        {u"USy", false},
+        {u"MyUSysTable", false},  {u"OstrelSysTable", true}, {u"ostrelsystable", true},  {u"OSTRELSYSTABLE", true},
+        {u"OstrelSysTable2", false}, {u"", false},
+    };
+    for (const Case &c : cases) EXPECT_EQ(catalog::isBookkeepingTable(c.name), c.bookkeeping) << toUtf8(c.name);
 }
 
 TEST(NumberText, ReadsLikeTheClassicConversions) {
-    using catalog::readDouble;
-    using catalog::readLong;
-    EXPECT_EQ(readLong(u"42"), 42);
-    EXPECT_EQ(readLong(u"  -17abc"), -17);
-    EXPECT_EQ(readLong(u"99397.0"), 99397);
-    EXPECT_EQ(readLong(u""), 0);
-    EXPECT_EQ(readLong(nullptr), 0);
-    EXPECT_EQ(readLong(u"x12"), 0);
-    EXPECT_DOUBLE_EQ(readDouble(u"12.5"), 12.5);
-    EXPECT_DOUBLE_EQ(readDouble(u" +1.5e3 rest"), 1500.0);
-    EXPECT_DOUBLE_EQ(readDouble(u"-0.25"), -0.25);
-    EXPECT_DOUBLE_EQ(readDouble(u"99397"), 99397.0);
-    EXPECT_DOUBLE_EQ(readDouble(u""), 0.0);
-    EXPECT_DOUBLE_EQ(readDouble(u"abc"), 0.0);
+    struct Case {
+        const char16_t *text;
+        int32_t asLong;
+        double asDouble;
+    };
+    const Case cases[] = {
+        {u"42", 42, 42.0},           {u"  -17abc", -17, -17.0},     {u"99397.0", 99397, 99397.0},
+        {u"", 0, 0.0},               {nullptr, 0, 0.0},             {u"x12", 0, 0.0},
+        {u"12.5", 12, 12.5},         {u" +1.5e3 rest", 1, 1500.0},  {u"-0.25", 0, -0.25},
+        {u"99397", 99397, 99397.0},  {u"abc", 0, 0.0},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(toUtf8(c.text ? c.text : u"(null)"));
+        EXPECT_EQ(catalog::readLong(c.text), c.asLong);
+        EXPECT_DOUBLE_EQ(catalog::readDouble(c.text), c.asDouble);
+    }
 }
 
 } // namespace

@@ -29,18 +29,27 @@ TEST_P(FieldListTest, NamesComeInCatalogOrderShapedByTheFlags) {
     createPair(connection);
     ScriptedRun run;
     SQLHDBC hdbc = connection.handle();
-    EXPECT_EQ(fields(hdbc, u"fa", 0), u"id,name");
-    EXPECT_EQ(fields(hdbc, u"fa", 0, nullptr), u"id\tname"); // default separator: tab
-    EXPECT_EQ(fields(hdbc, u"fa", TABRA_FIELDS_WITH_TYPE, u"\t"), u"id\t4\tname\t" + varcharCode());
-    EXPECT_EQ(fields(hdbc, u"fa\tfb", 0), u"id,name,id,price,unit price");
-    EXPECT_EQ(fields(hdbc, u"fa\tfb", TABRA_FIELDS_QUALIFY), u"fa.id,fa.name,fb.id,fb.price,fb.unit price");
-    EXPECT_EQ(fields(hdbc, u"fa\tfb", TABRA_FIELDS_QUALIFY_SHARED), u"fa.id,name,fb.id,price,unit price");
-    EXPECT_EQ(fields(hdbc, u"fa\tfb", TABRA_FIELDS_NOT_NULL_ONLY), u"name,id");
-    EXPECT_EQ(fields(hdbc, u"fb", TABRA_FIELDS_QUOTE), u"id,price," + q(u"unit price"));
-    EXPECT_EQ(fields(hdbc, u"fb", TABRA_FIELDS_QUOTE_ALSO), fields(hdbc, u"fb", TABRA_FIELDS_QUOTE | TABRA_FIELDS_QUOTE_ALSO));
-    EXPECT_EQ(fields(hdbc, u"fa\tfb", TABRA_FIELDS_QUALIFY_SHARED | TABRA_FIELDS_QUOTE),
-              u"fa.id,name,fb.id,price," + q(u"unit price"));
-    EXPECT_EQ(fields(hdbc, u"fb", TABRA_FIELDS_QUALIFY | TABRA_FIELDS_QUOTE), u"fb.id,fb.price,fb." + q(u"unit price"));
+    const std::u16string unitPrice = q(u"unit price");
+    struct Case {
+        const char16_t *tables;
+        int32_t flags;
+        const char16_t *separator;
+        std::u16string expected;
+    };
+    const Case cases[] = {
+        {u"fa", 0, u",", u"id,name"},
+        {u"fa", 0, nullptr, u"id\tname"}, // default separator: tab
+        {u"fa", TABRA_FIELDS_WITH_TYPE, u"\t", u"id\t4\tname\t" + varcharCode()},
+        {u"fa\tfb", 0, u",", u"id,name,id,price,unit price"},
+        {u"fa\tfb", TABRA_FIELDS_QUALIFY, u",", u"fa.id,fa.name,fb.id,fb.price,fb.unit price"},
+        {u"fa\tfb", TABRA_FIELDS_QUALIFY_SHARED, u",", u"fa.id,name,fb.id,price,unit price"},
+        {u"fa\tfb", TABRA_FIELDS_NOT_NULL_ONLY, u",", u"name,id"},
+        {u"fb", TABRA_FIELDS_QUOTE, u",", u"id,price," + unitPrice},
+        {u"fb", TABRA_FIELDS_QUOTE_ALSO, u",", u"id,price," + unitPrice}, // implies quoting
+        {u"fa\tfb", TABRA_FIELDS_QUALIFY_SHARED | TABRA_FIELDS_QUOTE, u",", u"fa.id,name,fb.id,price," + unitPrice},
+        {u"fb", TABRA_FIELDS_QUALIFY | TABRA_FIELDS_QUOTE, u",", u"fb.id,fb.price,fb." + unitPrice},
+    };
+    for (const Case &c : cases) EXPECT_EQ(fields(hdbc, c.tables, c.flags, c.separator), c.expected) << c.flags;
     expectNothingShown(run);
 }
 
@@ -83,12 +92,21 @@ TEST_P(FieldListTest, CountsAndExistence) {
     SQLHDBC hdbc = connection.handle();
     EXPECT_EQ(Tabra_GetFieldCount(hdbc, u"fb"), 3);
     EXPECT_EQ(Tabra_GetFieldCount(hdbc, u"no_such_table"), 0);
-    EXPECT_EQ(Tabra_DoesFieldExist(hdbc, u"fb", u"PRICE"), 1);
-    EXPECT_EQ(Tabra_DoesFieldExist(hdbc, u"fb", u"Unit Price"), 1);
-    EXPECT_EQ(Tabra_DoesFieldExist(hdbc, u"fb", u"name"), 0);
-    EXPECT_EQ(Tabra_DoesFieldExist(hdbc, u"no_such_table", u"id"), 0);
-    EXPECT_EQ(OdbcEh_DoesColumnExist(0, hdbc, u"fa", nullptr, u"NAME"), 1);
-    EXPECT_EQ(OdbcEh_DoesColumnExist(0, hdbc, u"fa", u"  ", u"price"), 0);
+    struct Case {
+        const char16_t *table, *schema, *column;
+        int32_t expected;
+    };
+    const Case cases[] = {
+        {u"fb", nullptr, u"PRICE", 1},   {u"fb", nullptr, u"Unit Price", 1}, {u"fb", nullptr, u"name", 0},
+        {u"no_such_table", nullptr, u"id", 0}, {u"fa", nullptr, u"NAME", 1}, {u"fa", u"  ", u"price", 0},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(toUtf8(c.column));
+        if (c.schema == nullptr) {
+            EXPECT_EQ(Tabra_DoesFieldExist(hdbc, c.table, c.column), c.expected);
+        }
+        EXPECT_EQ(OdbcEh_DoesColumnExist(0, hdbc, c.table, c.schema, c.column), c.expected);
+    }
     expectNothingShown(run);
 }
 

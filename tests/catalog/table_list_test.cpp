@@ -19,40 +19,31 @@ protected:
     }
 };
 
-TEST_P(TableListTest, TablesOnlyHideTheBookkeepingTablesUnlessSystemTablesAreAsked) {
+// Which of the sample's names each type selection lists: the bookkeeping tables
+// (USys..., case-sensitive prefix; OstrelSysTable in any case) only with system tables.
+TEST_P(TableListTest, TypeFlagsSelectAndTheBookkeepingTablesHideUnlessSystemTablesAreAsked) {
     auto connection = connect();
     createSample(connection);
     ScriptedRun run;
-    auto tables = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE);
-    EXPECT_EQ(tables.result, 0);
-    EXPECT_TRUE(contains(tables.items, u"Alpha"));
-    EXPECT_TRUE(contains(tables.items, u"Beta"));
-    EXPECT_TRUE(contains(tables.items, u"usysfoo")); // the prefix test keeps its case
-    EXPECT_FALSE(contains(tables.items, u"USysRelations"));
-    EXPECT_FALSE(contains(tables.items, u"ostrelsystable"));
-    EXPECT_FALSE(contains(tables.items, u"GammaView"));
-
-    auto withSystem = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_SYSTEM_TABLE);
-    EXPECT_EQ(withSystem.result, 0);
-    for (const char16_t *name : {u"Alpha", u"Beta", u"USysRelations", u"ostrelsystable", u"usysfoo"})
-        EXPECT_TRUE(contains(withSystem.items, name)) << toUtf8(name) << " in " << toUtf8(withSystem.text);
-    expectNothingShown(run);
-}
-
-TEST_P(TableListTest, ViewsComeWithTheirFlagAndAllTypesListEverything) {
-    auto connection = connect();
-    createSample(connection);
-    ScriptedRun run;
-    auto views = readTables(connection.handle(), TABRA_TABLE_TYPE_VIEW);
-    EXPECT_TRUE(contains(views.items, u"GammaView")) << toUtf8(views.text);
-    EXPECT_FALSE(contains(views.items, u"Alpha"));
-    auto both = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_VIEW);
-    EXPECT_TRUE(contains(both.items, u"GammaView"));
-    EXPECT_TRUE(contains(both.items, u"Alpha"));
-    auto all = readTables(connection.handle(), TABRA_TABLE_TYPE_ALL);
-    EXPECT_TRUE(contains(all.items, u"GammaView"));
-    EXPECT_TRUE(contains(all.items, u"Beta"));
-    EXPECT_FALSE(contains(all.items, u"USysRelations")); // the filter applies to every type but system tables
+    struct Case {
+        int32_t flags;
+        std::vector<std::u16string> listed, hidden;
+    };
+    const Case cases[] = {
+        {TABRA_TABLE_TYPE_TABLE, {u"Alpha", u"Beta", u"usysfoo"}, {u"USysRelations", u"ostrelsystable", u"GammaView"}},
+        {TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_SYSTEM_TABLE,
+         {u"Alpha", u"Beta", u"USysRelations", u"ostrelsystable", u"usysfoo"},
+         {u"GammaView"}},
+        {TABRA_TABLE_TYPE_VIEW, {u"GammaView"}, {u"Alpha"}},
+        {TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_VIEW, {u"GammaView", u"Alpha"}, {u"USysRelations"}},
+        {TABRA_TABLE_TYPE_ALL, {u"GammaView", u"Beta"}, {u"USysRelations"}},
+    };
+    for (const Case &c : cases) {
+        auto tables = readTables(connection.handle(), c.flags);
+        EXPECT_EQ(tables.result, 0);
+        for (const auto &name : c.listed) EXPECT_TRUE(contains(tables.items, name)) << c.flags << ": " << toUtf8(name);
+        for (const auto &name : c.hidden) EXPECT_FALSE(contains(tables.items, name)) << c.flags << ": " << toUtf8(name);
+    }
     expectNothingShown(run);
 }
 
@@ -122,21 +113,31 @@ TEST_P(TableListTest, ExistenceIgnoresCaseAndHonoursTheTypes) {
     createSample(connection);
     ScriptedRun run;
     SQLHDBC hdbc = connection.handle();
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"alpha"), 1);
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"ALPHA"), 1);
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"GammaView"), 0);
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_VIEW, u"gammaview"), 1);
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_ALL, u"GammaView"), 1);
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"USysRelations"), 0); // hidden
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_SYSTEM_TABLE, u"USysRelations"), 1);
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u"Alph"), 0);
-    EXPECT_EQ(Tabra_DoesTableExist(hdbc, TABRA_TABLE_TYPE_TABLE, u""), 0);
-
-    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, u"BETA", 0), 1);
-    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, u"   ", u"beta", 0), 1); // blank schema: none
-    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, u"USysRelations", 0), 1); // no filter
-    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, u"GammaView", 0), 0);
-    EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, TABRA_TABLE_TYPE_TABLE, nullptr, nullptr, 0), 0);
+    struct Case {
+        int32_t flags;
+        const char16_t *schema, *name;
+        int32_t inList, inCatalog; // Tabra_DoesTableExist, OdbcEh_DoesTableExist
+    };
+    const Case cases[] = {
+        {TABRA_TABLE_TYPE_TABLE, nullptr, u"alpha", 1, 1},
+        {TABRA_TABLE_TYPE_TABLE, nullptr, u"ALPHA", 1, 1},
+        {TABRA_TABLE_TYPE_TABLE, u"   ", u"beta", 1, 1}, // a blank schema is none
+        {TABRA_TABLE_TYPE_TABLE, nullptr, u"GammaView", 0, 0},
+        {TABRA_TABLE_TYPE_VIEW, nullptr, u"gammaview", 1, 1},
+        {TABRA_TABLE_TYPE_ALL, nullptr, u"GammaView", 1, 1},
+        {TABRA_TABLE_TYPE_TABLE, nullptr, u"USysRelations", 0, 1}, // only the list hides it
+        {TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_SYSTEM_TABLE, nullptr, u"USysRelations", 1, 1},
+        {TABRA_TABLE_TYPE_TABLE, nullptr, u"Alph", 0, 0},
+        {TABRA_TABLE_TYPE_TABLE, nullptr, u"", 0, 0},
+        {TABRA_TABLE_TYPE_TABLE, nullptr, nullptr, 0, 0},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(toUtf8(c.name ? c.name : u"(null)"));
+        if (c.schema == nullptr) {
+            EXPECT_EQ(Tabra_DoesTableExist(hdbc, c.flags, c.name), c.inList);
+        }
+        EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, c.flags, c.schema, c.name, 0), c.inCatalog);
+    }
     expectNothingShown(run);
 }
 

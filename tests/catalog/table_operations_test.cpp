@@ -197,25 +197,30 @@ TEST_P(TableOperationsTest, MaximumAndSumWithConditionsAndOverEmptyTables) {
     ScriptedRun run;
     RecordingHook hook;
     SQLHDBC hdbc = connection.handle();
-    double value = -1;
-    EXPECT_EQ(Tabra_GetMaximum(hdbc, u"orders", u"price", nullptr, &value), 0);
-    EXPECT_DOUBLE_EQ(value, 25);
-    EXPECT_EQ(Tabra_GetMaximum(hdbc, u"orders", u"price", u"price < 20", &value), 0);
-    EXPECT_DOUBLE_EQ(value, 15);
-    EXPECT_EQ(hook.statements.back(), u"SELECT max(price) FROM orders WHERE price < 20");
-    EXPECT_EQ(Tabra_AddFields(hdbc, u"orders", u"price", u"", &value), 0);
-    EXPECT_DOUBLE_EQ(value, 45);
-    EXPECT_EQ(hook.statements.back(), u"SELECT Sum(price) FROM orders");
-    EXPECT_EQ(Tabra_AddFields(hdbc, u"orders", u"price", u"id = 99", &value), 0);
-    EXPECT_DOUBLE_EQ(value, 0);
-    value = -1;
-    EXPECT_EQ(Tabra_GetMaximum(hdbc, u"empty_one", u"price", nullptr, &value), 0);
-    EXPECT_DOUBLE_EQ(value, 0);
-    value = -1;
-    EXPECT_EQ(Tabra_AddFields(hdbc, u"empty_one", u"price", nullptr, &value), 0);
-    EXPECT_DOUBLE_EQ(value, 0);
+    using Aggregate = int32_t (*)(SQLHDBC, const char16_t *, const char16_t *, const char16_t *, double *);
+    struct Case {
+        Aggregate aggregate;
+        const char16_t *table, *condition;
+        double expected; // an aggregate over no rows (NULL) reads as 0
+        std::u16string statement;
+    };
+    const Case cases[] = {
+        {Tabra_GetMaximum, u"orders", nullptr, 25, u"SELECT max(price) FROM orders"},
+        {Tabra_GetMaximum, u"orders", u"price < 20", 15, u"SELECT max(price) FROM orders WHERE price < 20"},
+        {Tabra_AddFields, u"orders", u"", 45, u"SELECT Sum(price) FROM orders"},
+        {Tabra_AddFields, u"orders", u"id = 99", 0, u"SELECT Sum(price) FROM orders WHERE id = 99"},
+        {Tabra_GetMaximum, u"empty_one", nullptr, 0, u"SELECT max(price) FROM empty_one"},
+        {Tabra_AddFields, u"empty_one", nullptr, 0, u"SELECT Sum(price) FROM empty_one"},
+    };
+    for (const Case &c : cases) {
+        double value = -1;
+        EXPECT_EQ(c.aggregate(hdbc, c.table, u"price", c.condition, &value), 0) << toUtf8(c.statement);
+        EXPECT_DOUBLE_EQ(value, c.expected) << toUtf8(c.statement);
+        EXPECT_EQ(hook.statements.back(), c.statement);
+    }
     expectNothingShown(run);
     run.queue(click(core::ids::kErrorDialog.id, IDOK));
+    double value = -1;
     EXPECT_EQ(Tabra_AddFields(hdbc, u"orders", u"no_such_column", nullptr, &value), -1);
     EXPECT_FALSE(run.failed()) << run.report();
 }

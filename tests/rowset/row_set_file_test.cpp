@@ -81,6 +81,12 @@ TEST_P(RowSetFileTest, EachFlagWritesExactlyItsForm) {
         EXPECT_EQ(out.result, 1) << "flags " << c.flags;
         EXPECT_EQ(out.count, c.count) << "flags " << c.flags;
         EXPECT_EQ(out.bytes, utf16le(c.expected)) << "flags " << c.flags << ": " << toUtf8(c.expected);
+        // The buffer form holds the same text.
+        std::u16string buffer(c.expected.size() + 2, u'#');
+        EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, connection_->handle(), kAllPeople, nullptr, nullptr, buffer.data(),
+                                              static_cast<int32_t>(buffer.size()), nullptr, c.flags),
+                  1);
+        EXPECT_EQ(buffer, c.expected + std::u16string(2, u'\0')) << "flags " << c.flags;
     }
     expectNothingShown(run);
 }

@@ -21,9 +21,6 @@ protected:
                            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 250) "
                            u"INSERT INTO items SELECT i, 'item ' || i, CASE WHEN i % 2 = 0 THEN 'c' || i END FROM n"});
     }
-    static void expectNoOpenStatements(const char *what) {
-        EXPECT_EQ(testDriverStatementCounts().open(), 0) << what;
-    }
     // Exports to name on connection; the result.
     static int32_t exportTo(SQLHDBC connection, const std::u16string &name, const char16_t *statement,
                             int32_t *count = nullptr, uint32_t flags = 0, const char16_t *tolerated = nullptr) {

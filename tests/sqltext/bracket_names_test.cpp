@@ -19,14 +19,22 @@ std::u16string prepareBracket(std::u16string name, int32_t flags, int32_t size =
 }
 
 TEST(BracketNames, BracketsEveryPartUnlessPlainNamesMayStayBare) {
-    EXPECT_EQ(prepareBracket(u"Customers", 0), u"[Customers]");
-    EXPECT_EQ(prepareBracket(u"Customers", 1), u"Customers");
-    EXPECT_EQ(prepareBracket(u"Order Details", 1), u"[Order Details]");
-    EXPECT_EQ(prepareBracket(u"dbo.Order Details", 1), u"dbo.[Order Details]");
-    EXPECT_EQ(prepareBracket(u"a.b.c", 0), u"[a].[b]");
-    EXPECT_EQ(prepareBracket(u"Orders.*", 0), u"[Orders].*");
-    EXPECT_EQ(prepareBracket(u"2020Sales", 1), u"[2020Sales]");
-    EXPECT_EQ(prepareBracket(u"Müller", 1), u"[Müller]");
+    struct Case {
+        std::u16string name;
+        int32_t flags;
+        std::u16string prepared;
+    };
+    const Case cases[] = {
+        {u"Customers", 0, u"[Customers]"},          {u"Customers", 1, u"Customers"},
+        {u"Order Details", 1, u"[Order Details]"},  {u"dbo.Order Details", 1, u"dbo.[Order Details]"},
+        {u"a.b.c", 0, u"[a].[b]"},                  {u"Orders.*", 0, u"[Orders].*"},
+        {u"2020Sales", 1, u"[2020Sales]"},          {u"M\u00fcller", 1, u"[M\u00fcller]"},
+    };
+    for (const Case &c : cases) {
+        int32_t result = -1;
+        EXPECT_EQ(prepareBracket(c.name, c.flags, 100, &result), c.prepared);
+        EXPECT_EQ(result, static_cast<int32_t>(c.prepared.size())) << "the length of the prepared name";
+    }
 }
 
 TEST(BracketNames, BlankAndBadArguments) {
@@ -109,30 +117,35 @@ std::u16string format(int32_t size, const char16_t *fmt, const char16_t *a1 = nu
     return std::u16string(buffer.c_str());
 }
 
-TEST(StatementFormatter, PlaceholderLanguage) {
-    EXPECT_EQ(format(100, u"UPDATE %t SET %s", u"Orders", u"Price = 1"), u"UPDATE Orders SET Price = 1");
-    EXPECT_EQ(format(100, u"100%%"), u"100");
-    EXPECT_EQ(format(100, u"SELECT %d1"), u"SELECT 1");
-    EXPECT_EQ(format(100, u"DROP TABLE %t%.%t", u"dbo", u"Orders"), u"DROP TABLE dbo.Orders");
-    EXPECT_EQ(format(100, u"DROP TABLE %t%.%t", u"", u"Orders"), u"DROP TABLE Orders");
-    EXPECT_EQ(format(100, u"%.%t", u"Orders"), u"Orders");
-    EXPECT_EQ(format(100, u"SELECT 1 %"), u"SELECT 1 ");
+TEST(StatementFormatter, PlaceholderLanguageWithinTheCapacity) {
+    const std::u16string longText(400, u'x');
+    struct Case {
+        int32_t size;
+        const char16_t *format, *a1, *a2;
+        std::u16string expected;
+    };
+    const Case cases[] = {
+        {100, u"UPDATE %t SET %s", u"Orders", u"Price = 1", u"UPDATE Orders SET Price = 1"},
+        {100, u"100%%", nullptr, nullptr, u"100"},
+        {100, u"SELECT %d1", nullptr, nullptr, u"SELECT 1"},
+        {100, u"DROP TABLE %t%.%t", u"dbo", u"Orders", u"DROP TABLE dbo.Orders"},
+        {100, u"DROP TABLE %t%.%t", u"", u"Orders", u"DROP TABLE Orders"},
+        {100, u"%.%t", u"Orders", nullptr, u"Orders"},
+        {100, u"SELECT 1 %", nullptr, nullptr, u"SELECT 1 "},
+        {100, nullptr, nullptr, nullptr, u""},
+        {100, u"SELECT %f FROM %t", u"CustomerName", u"Customers", u"SELECT CustomerName FROM Customers"},
+        {1, u"SELECT", nullptr, nullptr, u""},
+        {2, u"SELECT", nullptr, nullptr, u""},
+        {10, u"SELECT * FROM %t", u"Orders", nullptr, u"SELECT *"},
+        // A substitution needs its length plus 2: "SELECT " (7) leaves 5, "Orders" (6) does not fit.
+        {12, u"SELECT %t", u"Orders", nullptr, u"SELECT "},
+        {15, u"SELECT %t", u"Orders", nullptr, u"SELECT Orders"},
+        {1000, u"%s", longText.c_str(), nullptr, longText.substr(0, 299)}, // %s is cut at 299 characters
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(format(c.size, c.format, c.a1, c.a2), c.expected) << c.size << " " << (c.format ? "" : "(null)");
+    // Seven arguments are used; the eighth "%s" is a literal "s".
     EXPECT_EQ(format(100, u"%s%s%s%s%s%s%s%s", u"1", u"2", u"3", u"4", u"5", u"6", u"7", u"8"), u"1234567s");
-    EXPECT_EQ(format(100, nullptr), u"");
-}
-
-TEST(StatementFormatter, CapacityIsAccountedAndNeverOverrun) {
-    EXPECT_EQ(format(1, u"SELECT"), u"");
-    EXPECT_EQ(format(2, u"SELECT"), u"");
-    EXPECT_EQ(format(10, u"SELECT * FROM %t", u"Orders"), u"SELECT *");
-    // A substitution needs its length plus 2: "SELECT " (7) leaves 5, "Orders" (6) does not fit.
-    EXPECT_EQ(format(12, u"SELECT %t", u"Orders"), u"SELECT ");
-    EXPECT_EQ(format(15, u"SELECT %t", u"Orders"), u"SELECT Orders");
-    // A %s argument is cut at 299 characters.
-    std::u16string longText(400, u'x');
-    EXPECT_EQ(format(1000, u"%s", longText.c_str()).size(), 299u);
-    // Substituted names are copied whole.
-    EXPECT_EQ(format(100, u"SELECT %f FROM %t", u"CustomerName", u"Customers"), u"SELECT CustomerName FROM Customers");
 }
 
 TEST(StatementFormatter, NullDestinationOrSizeDoNothing) {

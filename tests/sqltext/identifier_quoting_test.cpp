@@ -33,16 +33,23 @@ TEST_P(IdentifierQuotingTest, PreparesWithTheDatabasesQuoteCharacter) {
     auto connection = connect();
     SQLHDBC h = connection.handle();
     const std::u16string q = backend() == Backend::MariaDB ? u"`" : u"\"";
-    EXPECT_EQ(prepare92(h, u"Customers"), u"Customers");
-    EXPECT_EQ(prepare92(h, u"Name$1"), u"Name$1");
-    EXPECT_EQ(prepare92(h, u"Order Details"), q + u"Order Details" + q);
-    EXPECT_EQ(prepare92(h, u"  " + q + u"Order Details" + q + u"  "), q + u"Order Details" + q);
-    EXPECT_EQ(prepare92(h, u"2020Sales"), q + u"2020Sales" + q);
-    EXPECT_EQ(prepare92(h, u"Müller"), q + u"Müller" + q);
-    EXPECT_EQ(prepare92(h, u"dbo.Order Details"), u"dbo." + q + u"Order Details" + q);
-    EXPECT_EQ(prepare92(h, u"*"), u"*");
-    EXPECT_EQ(prepare92(h, u"Orders.*"), u"Orders.*");
-    EXPECT_EQ(prepare92(h, u" \t "), u"");
+    const std::u16string orderDetails = q + u"Order Details" + q;
+    struct Case {
+        std::u16string name, prepared;
+    };
+    const Case cases[] = {
+        {u"Customers", u"Customers"},
+        {u"Name$1", u"Name$1"},
+        {u"Order Details", orderDetails},
+        {u"  " + orderDetails + u"  ", orderDetails}, // unquoted first, quoted once
+        {u"2020Sales", q + u"2020Sales" + q},
+        {u"M\u00fcller", q + u"M\u00fcller" + q},
+        {u"dbo.Order Details", u"dbo." + orderDetails},
+        {u"*", u"*"},
+        {u"Orders.*", u"Orders.*"},
+        {u" \t ", u""},
+    };
+    for (const Case &c : cases) EXPECT_EQ(prepare92(h, c.name), c.prepared) << toUtf8(c.name);
 
     char16_t list[200] = u"Customers\tOrder Details\t\t2020Sales";
     Tabra_PrepareNameListForSql92(h, list, 200, u'\t', u',');
@@ -102,7 +109,8 @@ TABRA_INSTANTIATE_BACKEND_TEST(IdentifierQuotingTest);
 
 class SchemaQualifiedNamesTest : public BackendTest {};
 
-TEST_P(SchemaQualifiedNamesTest, SchemaAndTableOnPostgreSQL) {
+// (The name must not hold a server's name: ctest gives a test the lock of the server it names.)
+TEST_P(SchemaQualifiedNamesTest, SchemaAndTableWhereSchemasAreKnown) {
     if (backend() != Backend::PostgreSQL) GTEST_SKIP() << "only PostgreSQL knows schemas here";
     auto connection = connect();
     SQLHDBC h = connection.handle();

@@ -4,7 +4,7 @@
 
 #include "tabra_window.h"
 
-namespace tabra::catalog {
+namespace tabra::rowset {
 
 class WaitCursor {
 public:
@@ -17,4 +17,4 @@ private:
     HCURSOR previous_;
 };
 
-} // namespace tabra::catalog
+} // namespace tabra::rowset

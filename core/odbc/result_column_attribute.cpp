@@ -1,9 +1,9 @@
 // Result column attributes with the ODBC 3 call as the second chance.
-#include "catalog/result_column_attribute.h"
+#include "core/odbc/result_column_attribute.h"
 
 #include <sqlucode.h>
 
-namespace tabra::catalog {
+namespace tabra::odbc {
 
 namespace {
 
@@ -45,4 +45,4 @@ SQLRETURN resultColumnName(SQLHSTMT statement, SQLUSMALLINT column, char16_t *na
     return SQLColAttributeW(statement, column, SQL_DESC_NAME, name, bufferBytes, reportedBytes, nullptr);
 }
 
-} // namespace tabra::catalog
+} // namespace tabra::odbc

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace tabra::catalog {
+namespace tabra::odbc {
 
 template <int32_t Capacity>
 struct BoundText {
@@ -36,4 +36,4 @@ struct BoundShort {
     }
 };
 
-} // namespace tabra::catalog
+} // namespace tabra::odbc

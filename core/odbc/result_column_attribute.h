@@ -11,7 +11,7 @@
 
 #include <optional>
 
-namespace tabra::catalog {
+namespace tabra::odbc {
 
 // A numeric attribute (an SQL_COLUMN_* field number) of a result column; empty when
 // neither call answers. SQL_COLUMN_COUNT is a statement-wide field: the column is ignored.
@@ -22,4 +22,4 @@ std::optional<SQLLEN> resultColumnAttribute(SQLHSTMT statement, SQLUSMALLINT col
 SQLRETURN resultColumnName(SQLHSTMT statement, SQLUSMALLINT column, char16_t *name, SQLSMALLINT bufferBytes,
                            SQLSMALLINT *reportedBytes);
 
-} // namespace tabra::catalog
+} // namespace tabra::odbc

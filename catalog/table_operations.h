@@ -1,0 +1,23 @@
+// Whole-table operations as C++: dropping a table and renaming it by copy and drop.
+// Each statement runs through the statement runner; failures are shown with the
+// statement text, a refusal of the statement hook fails quietly.
+#pragma once
+
+#include <sql.h>
+
+#include <cstdint>
+
+namespace tabra::catalog {
+
+// "DROP TABLE schema.table" (the schema only when not blank). Without
+// TABRA_DELETE_NO_CONFIRM the user is asked first (message 1702, Yes goes on); with
+// TABRA_DELETE_MISSING_OK a failure whose SQLSTATE says the table is missing counts as
+// done. 1 dropped (or gone), 2 not.
+int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *table, uint8_t flags);
+
+// "SELECT * INTO new FROM old", then the old table dropped without asking; fails
+// quietly when the new name is taken. TABRA_RENAME_WAIT_NOTICE shows the wait notice
+// while the copy runs. 1 renamed, 2 not.
+int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t *newName, uint8_t flags);
+
+} // namespace tabra::catalog
