@@ -4,6 +4,7 @@
 
 #include "platform/resources/resource_script_lexer.h"
 #include "platform/resources/style_names.h"
+#include "platform/text/utf_conversion.h"
 #include "tabra_window_constants.h"
 
 #include <algorithm>
@@ -113,9 +114,11 @@ public:
                     parseDialog(id, token.line, isKeyword(type, "DIALOGEX"));
                 else if (isKeyword(type, "MENU"))
                     parseMenu(id, token.line);
+                else if (isKeyword(type, "PICTURE"))
+                    parsePicture(id, token.line);
                 else
                     throw ScriptError(type.line, "unknown resource type: " + describeToken(type) +
-                                                     " (known: DIALOG, DIALOGEX, MENU)");
+                                                     " (known: DIALOG, DIALOGEX, MENU, PICTURE)");
             } else {
                 throw ScriptError(token.line, "unknown keyword: " + describeToken(token) +
                                                   " (expected STRINGTABLE or a resource id)");
@@ -208,6 +211,13 @@ private:
             if (!tables_.strings.emplace(id, std::move(entry)).second)
                 throw ScriptError(idToken.line, "duplicate string id " + std::to_string(id));
         }
+    }
+
+    void parsePicture(int32_t id, int line) {
+        std::u16string file = string("the picture's file name");
+        if (file.empty()) throw ScriptError(line, "picture " + std::to_string(id) + " names no file");
+        if (!tables_.pictures.emplace(id, toUtf8(file)).second)
+            throw ScriptError(line, "duplicate picture id " + std::to_string(id));
     }
 
     void parseDialog(int32_t id, int line, bool extended) {

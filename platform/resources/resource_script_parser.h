@@ -20,6 +20,8 @@
 //       DEFPUSHBUTTON "OK", IDOK, 129, 149, 50, 14
 //   END
 //
+//   10022 PICTURE "pictures/export.png"
+//
 //   115 MENU
 //   BEGIN
 //       POPUP "Table"
@@ -40,6 +42,7 @@
 // WS_VISIBLE); a button, static or combo type given in the style replaces the
 // keyword's default type. A dialog whose style holds WS_CHILD is a child page.
 // Keywords are case-insensitive, style names are not. Coordinates are dialog units.
+// A picture names its file relative to the folder of the script that names it.
 //
 // Everything is checked: an unknown keyword, style name or control class, a bad or
 // out-of-range number, a duplicate string, dialog, menu, control or command
