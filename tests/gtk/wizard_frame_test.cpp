@@ -9,6 +9,7 @@
 
 #include "ostrel_ui.h"
 #include "ostrel_wizard.h"
+#include "platform/resources/translation_table.h"
 
 #include <map>
 
@@ -109,6 +110,35 @@ TEST_F(GtkRendererWizardFrame, ShowsPictureAndPageAndSwitchesWithTheButtons) {
                               u"TABRADLL", WIZZARD_BUTTONS_STANDARD | WIZZARD_BUTTON_HELP, WIZZARD_SHOW_STEP),
               1);
     EXPECT_EQ(shownCount(), 1u);
+}
+
+// In German (the frame's texts come from the translation table) the buttons still
+// hold their captions; Escape closes the frame as Cancel does.
+TEST_F(GtkRendererWizardFrame, GermanButtonsFitAndEscapeCancels) {
+    std::filesystem::path resources = std::getenv("TABRA_RESOURCE_DIR");
+    tabra::platform::registerTranslationModule(u"TABRADLL", (resources / "de").string() + "/");
+    onShown({[&](const automation::Shown &shown) {
+        for (int32_t id : {WIZZARD_ID_BACK, WIZZARD_ID_NEXT, IDCANCEL, IDHELP}) {
+            GtkWidget *button = widgetOf(shown.handle, id);
+            int natural = 0;
+            gtk_widget_get_preferred_width(button, nullptr, &natural);
+            EXPECT_LE(natural, gtk_widget_get_allocated_width(button)) << gtk_button_get_label(GTK_BUTTON(button));
+        }
+        EXPECT_STREQ(gtk_button_get_label(GTK_BUTTON(widgetOf(shown.handle, WIZZARD_ID_NEXT))), "_Weiter >");
+        press(shown.handle, WIZZARD_ID_NEXT);
+        press(shown.handle, WIZZARD_ID_NEXT);
+        press(shown.handle, WIZZARD_ID_NEXT);
+        saveScreenshot(shown.window, "wizard-frame-de-last-page");
+        GtkWidget *finish = widgetOf(shown.handle, WIZZARD_ID_FINISH);
+        int natural = 0;
+        gtk_widget_get_preferred_width(finish, nullptr, &natural);
+        EXPECT_LE(natural, gtk_widget_get_allocated_width(finish));
+        automation::pressKey(shown.window, GDK_KEY_Escape);
+    }});
+    EXPECT_EQ(Wizzard_Perform(kPages, pageProcedure, 1025, 1026, reinterpret_cast<LPARAM>(&pages_), 10020, 2909, module_,
+                              u"TABRADLL", WIZZARD_BUTTONS_STANDARD | WIZZARD_BUTTON_HELP, WIZZARD_SHOW_STEP),
+              2);
+    tabra::platform::registerTranslationModule(u"TABRADLL", (resources / "en").string() + "/");
 }
 
 } // namespace
