@@ -22,7 +22,8 @@ constexpr int32_t kButtonHeight = 14;
 constexpr int32_t kButtonGap = 2;
 constexpr int32_t kStepWidth = 90;
 constexpr int32_t kPictureWidthPerHeight[] = {164, 314}; // numerator, denominator
-constexpr uint32_t kFrameStyle = 0x80000000u | 0x00C00000u | 0x80000u | 0x80u; // WS_POPUP, WS_CAPTION, WS_SYSMENU, DS_MODALFRAME
+// WS_POPUP, WS_CAPTION, WS_SYSMENU, DS_MODALFRAME
+constexpr uint32_t kFrameStyle = 0x80000000u | 0x00C00000u | 0x80000u | 0x80u;
 
 ControlTemplate control(ControlKind kind, int32_t id, std::u16string text, uint32_t style, int32_t x, int32_t y,
                         int32_t width, int32_t height) {
