@@ -33,6 +33,7 @@ struct Scenario {
     uint32_t buttons = WIZZARD_BUTTONS_STANDARD;
     uint32_t options = 0;
     bool refused = false; // the script does what no user can, and the run fails
+    std::pair<int32_t, int32_t> offWhenLeft{}; // a page that, being left, switches another off
 };
 
 class WizardFrame : public ScriptedTest {
@@ -71,6 +72,7 @@ protected:
             entered += " ";
         } else if (message == kLeft) {
             left.emplace_back(pageId, wParam);
+            if (pageId == scenario->offWhenLeft.first) Wizzard_EnableSubDialog(wizard, scenario->offWhenLeft.second, 0);
             auto *answer = reinterpret_cast<int32_t *>(lParam);
             EXPECT_EQ(*answer, WIZZARD_GO_ON) << "the frame presets the answer";
             bool forward = wParam == WIZZARD_FORWARD;
@@ -154,6 +156,10 @@ const Scenario kScenarios[] = {
       "dialog 10902: click 12324", "dialog 10904: expect 12326 \"Step 3 of 3\"", "dialog 10904: click 2"},
      2, {kTable, kCondition, kSummary}, {{kTable, 1}, {kCondition, 1}}, "10901:N 10902:BN 10904:BF ",
      WIZZARD_BUTTONS_STANDARD, WIZZARD_SHOW_STEP},
+    {"APageBeingLeftSwitchesTheNextOneOff", {}, {}, {},
+     {"dialog 10901: click 12324", "dialog 10902: click 12324", "dialog 10904: click 2"},
+     2, {kTable, kCondition, kSummary}, {{kTable, 1}, {kCondition, 1}}, "10901:N 10902:BN 10904:BF ",
+     WIZZARD_BUTTONS_STANDARD, 0, false, {kCondition, kOptions}},
     {"ButtonsNotAskedForAreHidden", {}, {}, {}, {"dialog 10901: click 2"}, 2, {kTable}, {}, "10901:N ",
      WIZZARD_BUTTON_NEXT | WIZZARD_BUTTON_FINISH, 0, true},
 };
