@@ -1,5 +1,5 @@
 /* The in-house utility calls: text, registry, dates, statement hook, user-interface
- * helpers and translation. */
+ * helpers, the wizard frame and translation. */
 #ifndef OSTREL_H
 #define OSTREL_H
 
@@ -8,6 +8,7 @@
 #include "ostrel_registry.h"
 #include "ostrel_hook.h"
 #include "ostrel_ui.h"
+#include "ostrel_wizard.h"
 #include "ostrel_lts.h"
 
 #endif

@@ -43,7 +43,9 @@
  *
  * "dialog N" matches the innermost modal dialog when its template is N, or when one of
  * its visible pages (tab or wizard pages) has template N; controls are looked up in
- * that page first, then in the dialog and all its pages (visible ones first).
+ * that page first, then in the dialog and all its pages (visible ones first). A
+ * wizard frame (ostrel_wizard.h) is dialog <picture id>; its buttons are reached from
+ * a page's line too: "dialog 10046: click 12324" presses Next on page 10046.
  * Actions on disabled or hidden controls fail the run, as they would stop a user.
  */
 #ifndef TABRA_SCRIPT_H
@@ -59,7 +61,8 @@
 #define TABRA_PROMPT_PROGRESS 5
 
 /* Record kinds and what their fields hold. */
-#define TABRA_RECORD_DIALOG_OPENED 1 /* id template, text caption */
+#define TABRA_RECORD_DIALOG_OPENED 1 /* id template, text caption, detail the file of
+                                        its picture (a wizard frame's; empty if none) */
 #define TABRA_RECORD_DIALOG_CLOSED 2 /* id template, text caption, value result;
                                         control texts: TabraScript_GetRecordControlText */
 #define TABRA_RECORD_MESSAGE 3       /* id string id (0 for MessageBoxW), text, caption,
@@ -77,6 +80,9 @@
 #define TABRA_RECORD_BEEP 10         /* id beep type */
 #define TABRA_RECORD_FAILURE 11      /* text what went wrong */
 #define TABRA_RECORD_ACTION 12       /* text the action performed, as written */
+#define TABRA_RECORD_PAGE 13         /* id template of a wizard page that became the
+                                        visible one, value template of its dialog,
+                                        text the page's caption */
 
 /* One recorded event. Its texts are never null (empty when not used); they stay valid
  * until the library shows or changes anything again, or the next TabraScript_Begin

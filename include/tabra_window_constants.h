@@ -88,6 +88,7 @@
 #define SS_RIGHT 0x2u
 #define SS_ICON 0x3u
 #define SS_BITMAP 0xEu
+#define SS_ETCHEDHORZ 0x10u
 #define SS_SUNKEN 0x1000u
 
 /* Show commands. */

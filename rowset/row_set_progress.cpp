@@ -38,7 +38,7 @@ std::u16string formatted(const char16_t *format, int32_t first, int32_t second) 
 
 RowSetProgress::RowSetProgress(bool show, int32_t expected) : expected_(expected) {
     if (!show || expected <= kShowAbove) return;
-    module::LoadTranslatedString(module::resourceLibrary(), ids::kString.rowSetProgress, format_, 100);
+    module::LoadTranslatedString(module::resourceLibrary(), catalog::ids::kString.rowSetProgress, format_, 100);
     char16_t title[100] = {};
     module::LoadTranslatedString(module::resourceLibrary(), core::ids::kString.caption, title, 100);
     indicator_ = Ostrel_CreateProgressIndicatorExtended(GetActiveWindow(), title, formatted(format_, 0, expected).c_str(),

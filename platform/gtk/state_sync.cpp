@@ -36,7 +36,8 @@ void syncText(WidgetRecord &record, const Window &window) {
         if (record.topLevel) gtk_window_set_title(GTK_WINDOW(record.outer), utf8(window.text).c_str());
         break;
     case WindowKind::Static:
-        gtk_label_set_text_with_mnemonic(GTK_LABEL(record.inner), mnemonicLabel(window.text).c_str());
+        if (GTK_IS_LABEL(record.inner)) // not an etched line
+            gtk_label_set_text_with_mnemonic(GTK_LABEL(record.inner), mnemonicLabel(window.text).c_str());
         break;
     case WindowKind::Button:
         if (GTK_IS_FRAME(record.inner)) {

@@ -3,6 +3,7 @@
 
 #include "platform/gtk/dialog_style.h"
 #include "platform/gtk/label_text.h"
+#include "platform/gtk/picture_widget.h"
 #include "platform/window/button_control.h"
 #include "platform/window/combo_box_control.h"
 #include "platform/window/edit_control.h"
@@ -210,8 +211,11 @@ WidgetRecord createControlWidgets(const Window &control, RecordLookup &lookup) {
     record.handle = control.handle;
     record.kind = control.kind;
     switch (control.kind) {
-    case WindowKind::Static: makeStatic(record, control); break;
-    case WindowKind::Picture: record.outer = record.inner = gtk_image_new(); break;
+    case WindowKind::Static:
+        if (isEtchedLine(control)) record.outer = record.inner = newEtchedLine();
+        else makeStatic(record, control);
+        break;
+    case WindowKind::Picture: record.outer = record.inner = newPictureWidget(control); break;
     case WindowKind::Button: makeButton(record, control, lookup); break;
     case WindowKind::Edit: makeEdit(record, control); break;
     case WindowKind::ListBox: makeListBox(record, control); break;

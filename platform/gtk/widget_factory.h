@@ -2,8 +2,9 @@
 // style fixes for its life: alignment, wrapping, selection mode, masks. The changing
 // state (text, checks, entries, ...) is put in by state_sync.h afterwards.
 //
-//   static text        GtkLabel (wrapping, aligned as SS_LEFT / SS_CENTER / SS_RIGHT)
-//   picture            GtkImage
+//   static text        GtkLabel (wrapping, aligned as SS_LEFT / SS_CENTER / SS_RIGHT);
+//                      an etched line (SS_ETCHEDHORZ) is a GtkSeparator
+//   picture            a GtkDrawingArea showing a picture resource (picture_widget.h)
 //   push button        GtkButton          check box    GtkCheckButton
 //   radio button       GtkRadioButton (a group from WS_GROUP to the next WS_GROUP,
 //                      with a hidden member that is active when none is checked)

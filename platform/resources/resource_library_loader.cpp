@@ -22,7 +22,8 @@ ResourceLibraryLoad loadResourceLibraryFrom(const std::string &directory, const 
                                             const std::string &fileName, const MissingResourceReport &report) {
     std::array<std::string, 3> candidates = resourceLibraryCandidates(directory, names, fileName);
     for (const std::string &candidate : candidates) {
-        if (access(candidate.c_str(), F_OK) == 0) return {loadResourceLibraryFile(candidate), candidate};
+        if (access(candidate.c_str(), F_OK) == 0)
+            return {loadResourceLibraryFile(candidate, directory + kSharedPicturesScript), candidate};
     }
     if (report) report(candidates.back());
     return {};

@@ -7,6 +7,10 @@
 // with the family scripts beside it (resource_script_file.h); when none exists the
 // user is told, once, with the path in the "en" folder.
 //
+// Pictures are the same in every language: the script "pictures/pictures.rc" in the
+// same directory as the language folders lists them (PICTURE entries only, files
+// relative to that folder), and every language's library gets them.
+//
 // The environment variable TABRA_RESOURCE_DIR, when set and not empty, replaces the
 // library's own directory (tests and uninstalled builds use it).
 #pragma once
@@ -21,6 +25,7 @@
 namespace tabra::platform {
 
 constexpr const char *kResourceDirectoryVariable = "TABRA_RESOURCE_DIR";
+constexpr const char *kSharedPicturesScript = "pictures/pictures.rc";
 constexpr const char16_t *kMissingResourceCaption = u"Fatal Error: File not found";
 
 // The three candidate paths in the order they are tried. directory ends with "/".

@@ -1,5 +1,6 @@
-// What a resource library holds once loaded: string tables, dialog templates and
-// menus, each by numeric identifier. The dialog engine creates windows from these
+// What a resource library holds once loaded: string tables, dialog templates, menus
+// and pictures, each by numeric identifier (every kind is a namespace of its own: a
+// picture may share its number with a dialog). The dialog engine creates windows from these
 // templates; the loader fills them from a language folder's resource script.
 #pragma once
 
@@ -66,6 +67,9 @@ struct ResourceTables {
     std::map<int32_t, StringEntry> strings;
     std::map<int32_t, DialogTemplate> dialogs;
     std::map<int32_t, MenuTemplate> menus;
+    // Picture files (PNG or any format GDK reads), UTF-8 paths: as the script wrote
+    // them after parsing, absolute once the script was read from a file.
+    std::map<int32_t, std::string> pictures;
 };
 
 } // namespace tabra::platform

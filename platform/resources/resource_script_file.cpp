@@ -3,6 +3,8 @@
 
 #include "platform/resources/resource_script_parser.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -38,11 +40,13 @@ std::vector<std::string> resourceScriptsOf(const std::string &mainPath) {
     return family;
 }
 
-std::unique_ptr<ResourceModule> readResourceLibrary(const std::string &mainPath, std::string &error) {
+namespace {
+
+std::unique_ptr<ResourceModule> readScripts(const std::vector<std::string> &paths, std::string &error) {
     auto module = std::make_unique<ResourceModule>();
-    module->path = mainPath;
+    module->path = paths.front();
     ResourceOrigins origins;
-    for (const std::string &path : resourceScriptsOf(mainPath)) {
+    for (const std::string &path : paths) {
         std::optional<std::string> script = readWholeFile(path);
         if (!script) {
             error = path + ": cannot be read";
@@ -54,13 +58,37 @@ std::unique_ptr<ResourceModule> readResourceLibrary(const std::string &mainPath,
     return module;
 }
 
-HMODULE loadResourceLibraryFile(const std::string &mainPath) {
+void addSharedPictures(ResourceTables &tables, const std::string &sharedPath) {
+    if (sharedPath.empty() || access(sharedPath.c_str(), F_OK) != 0) return;
+    std::string error;
+    std::unique_ptr<ResourceModule> shared = readResourceScriptFile(sharedPath, error);
+    if (shared && (!shared->tables.strings.empty() || !shared->tables.dialogs.empty() || !shared->tables.menus.empty()))
+        error = sharedPath + ": holds more than pictures";
+    if (!error.empty()) {
+        std::fprintf(stderr, "tabra: shared pictures not loaded: %s\n", error.c_str());
+        return;
+    }
+    tables.pictures.merge(shared->tables.pictures); // the language's own pictures win
+}
+
+} // namespace
+
+std::unique_ptr<ResourceModule> readResourceLibrary(const std::string &mainPath, std::string &error) {
+    return readScripts(resourceScriptsOf(mainPath), error);
+}
+
+std::unique_ptr<ResourceModule> readResourceScriptFile(const std::string &path, std::string &error) {
+    return readScripts({path}, error);
+}
+
+HMODULE loadResourceLibraryFile(const std::string &mainPath, const std::string &sharedPictures) {
     std::string error;
     std::unique_ptr<ResourceModule> module = readResourceLibrary(mainPath, error);
     if (!module) {
         std::fprintf(stderr, "tabra: resource library not loaded: %s\n", error.c_str());
         return nullptr;
     }
+    addSharedPictures(module->tables, sharedPictures);
     return adoptResourceModule(std::move(module));
 }
 

@@ -27,12 +27,19 @@ std::optional<std::string> readWholeFile(const std::string &path);
 // (mainPath first; the family scripts found beside it after).
 std::vector<std::string> resourceScriptsOf(const std::string &mainPath);
 
-// Reads and checks every script of the library. On failure returns null and sets
-// error to a "path:line: message" text (or "path: cannot be read").
+// Reads and checks every script of the library. Picture files become absolute paths
+// (they are named relative to the script that lists them). On failure returns null
+// and sets error to a "path:line: message" text (or "path: cannot be read").
 std::unique_ptr<ResourceModule> readResourceLibrary(const std::string &mainPath, std::string &error);
 
+// Reads and checks one script on its own, without family scripts (test libraries).
+std::unique_ptr<ResourceModule> readResourceScriptFile(const std::string &path, std::string &error);
+
 // Loads the library as a resource module: the module handle, or null after the
-// reason was written to stderr.
-HMODULE loadResourceLibraryFile(const std::string &mainPath);
+// reason was written to stderr. When sharedPictures names a script that exists (the
+// pictures every language shares), its pictures are added to those the library has
+// itself; that script may hold nothing but pictures. A faulty one is reported on
+// stderr and left out, and the library loads without it.
+HMODULE loadResourceLibraryFile(const std::string &mainPath, const std::string &sharedPictures = {});
 
 } // namespace tabra::platform

@@ -4,6 +4,7 @@
 
 #include "platform/resources/resource_script_lexer.h"
 #include "platform/resources/style_names.h"
+#include "platform/text/utf_conversion.h"
 #include "tabra_window_constants.h"
 
 #include <algorithm>
@@ -115,9 +116,11 @@ public:
                     parseDialog(id, token.line, isKeyword(type, "DIALOGEX"));
                 else if (isKeyword(type, "MENU"))
                     parseMenu(id, token.line);
+                else if (isKeyword(type, "PICTURE"))
+                    parsePicture(id, token.line);
                 else
                     throw ScriptError(type.line, "unknown resource type: " + describeToken(type) +
-                                                     " (known: DIALOG, DIALOGEX, MENU)");
+                                                     " (known: DIALOG, DIALOGEX, MENU, PICTURE)");
             } else {
                 throw ScriptError(token.line, "unknown keyword: " + describeToken(token) +
                                                   " (expected STRINGTABLE or a resource id)");
@@ -217,6 +220,19 @@ private:
             define(origins_.strings, "string", id, idToken.line);
             tables_.strings.emplace(id, std::move(entry));
         }
+    }
+
+    void parsePicture(int32_t id, int line) {
+        std::u16string file = string("the picture's file name");
+        if (file.empty()) throw ScriptError(line, "picture " + std::to_string(id) + " names no file");
+        define(origins_.pictures, "picture", id, line);
+        // A picture file is named relative to the folder of the script that lists it.
+        std::string path = toUtf8(file);
+        if (path.front() != '/') {
+            size_t slash = sourceName_.rfind('/');
+            if (slash != std::string_view::npos) path = std::string(sourceName_.substr(0, slash + 1)) + path;
+        }
+        tables_.pictures[id] = std::move(path);
     }
 
     void parseDialog(int32_t id, int line, bool extended) {

@@ -20,6 +20,8 @@
 //       DEFPUSHBUTTON "OK", IDOK, 129, 149, 50, 14
 //   END
 //
+//   10022 PICTURE "pictures/export.png"
+//
 //   115 MENU
 //   BEGIN
 //       POPUP "Table"
@@ -40,6 +42,7 @@
 // WS_VISIBLE); a button, static or combo type given in the style replaces the
 // keyword's default type. A dialog whose style holds WS_CHILD is a child page.
 // Keywords are case-insensitive, style names are not. Coordinates are dialog units.
+// A picture names its file relative to the folder of the script that names it.
 //
 // Everything is checked: an unknown keyword, style name or control class, a bad or
 // out-of-range number, a duplicate string, dialog, menu, control or command
@@ -66,9 +69,9 @@ struct ResourceScriptParse {
 // Parses a whole script; sourceName names it in error messages (usually its path).
 ResourceScriptParse parseResourceScript(std::string_view script, std::string_view sourceName);
 
-// Where each string, dialog and menu of a library was defined ("name:line").
+// Where each string, dialog, menu and picture of a library was defined ("name:line").
 struct ResourceOrigins {
-    std::map<int32_t, std::string> strings, dialogs, menus;
+    std::map<int32_t, std::string> strings, dialogs, menus, pictures;
 };
 
 // Adds one script of a library to the tables and origins of the scripts read before

@@ -66,6 +66,7 @@ std::string describeRecord(const ScriptRecord &record) {
     case TABRA_RECORD_BEEP: return "beep " + std::to_string(static_cast<uint32_t>(record.id));
     case TABRA_RECORD_FAILURE: return "FAILURE: " + platform::toUtf8(record.text);
     case TABRA_RECORD_ACTION: return "action " + platform::toUtf8(record.text);
+    case TABRA_RECORD_PAGE: return "page " + id + " " + quoted(record.text) + " of dialog " + std::to_string(record.value);
     default: return "record " + std::to_string(record.kind);
     }
 }

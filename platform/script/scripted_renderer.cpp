@@ -1,6 +1,7 @@
 // The scripted driver.
 #include "platform/script/scripted_renderer.h"
 
+#include "platform/resources/picture_resources.h"
 #include "platform/text/case_folding.h"
 #include "platform/text/utf_conversion.h"
 #include "platform/window/message_dispatch.h"
@@ -199,6 +200,13 @@ void ScriptedRenderer::windowCreated(HWND root) {
         auto &opened = record(TABRA_RECORD_DIALOG_OPENED);
         opened.id = dialog->templateId;
         opened.text = window->text;
+        for (HWND child : window->children) {
+            auto control = findWindow(child);
+            if (!control) continue;
+            if (control->kind == WindowKind::Picture && opened.detail.empty())
+                opened.detail = platform::fromUtf8(platform::pictureFileNamed(dialog->module, control->text));
+            if (control->as<DialogState>() && control->visible) recordPage(*control);
+        }
     } else if (const auto *notice = window->as<NoticeState>()) {
         auto &shown = record(TABRA_RECORD_NOTICE);
         shown.id = notice->stringId;
@@ -217,7 +225,20 @@ void ScriptedRenderer::windowCreated(HWND root) {
     }
 }
 
+void ScriptedRenderer::recordPage(const Window &page) {
+    auto parent = findWindow(page.parent);
+    const auto *frame = parent ? parent->as<DialogState>() : nullptr;
+    if (!frame) return; // a tab page
+    auto &shown = record(TABRA_RECORD_PAGE);
+    shown.id = page.as<DialogState>()->templateId;
+    shown.value = frame->templateId;
+    shown.text = page.text;
+}
+
 void ScriptedRenderer::windowChanged(HWND handle, Change change, int32_t) {
+    if (change == Change::Visible)
+        if (auto page = findWindow(handle); page && page->visible && page->parent && page->as<DialogState>())
+            recordPage(*page);
     auto found = progressRecords_.find(handle);
     if (found == progressRecords_.end()) return;
     auto window = findWindow(handle);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/window/renderer.h"
+#include "platform/window/window_object.h"
 #include "platform/script/script_action.h"
 #include "platform/script/script_record.h"
 
@@ -45,6 +46,8 @@ public:
 
 private:
     ScriptRecord &record(int32_t kind);
+    // A page directly inside a dialog (a wizard page) became the visible one.
+    void recordPage(const Window &page);
     void trimFallbackRecords();
     void fail(const std::string &description);
     // The next action when it is meant for this prompt; otherwise the run fails with a

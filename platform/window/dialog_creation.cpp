@@ -121,26 +121,31 @@ HWND createDialog(HMODULE module, int32_t templateId, HWND parent, DLGPROC proce
                   bool startHidden) {
     const platform::DialogTemplate *dialogTemplate = findDialogTemplate(module, templateId);
     if (!dialogTemplate) return nullptr;
+    return createDialogFromTemplate(*dialogTemplate, module, templateId, parent, procedure, parameter, modal, startHidden);
+}
+
+HWND createDialogFromTemplate(const platform::DialogTemplate &dialogTemplate, HMODULE module, int32_t templateId, HWND parent,
+                              DLGPROC procedure, LPARAM parameter, bool modal, bool startHidden) {
     WindowPtr parentWindow = modal ? nullptr : findWindow(parent);
     if (!modal && parent && !parentWindow) return nullptr; // a stale parent
 
     auto dialog = std::make_shared<Window>();
     dialog->kind = WindowKind::Dialog;
     dialog->id = 0;
-    dialog->text = dialogTemplate->caption;
-    dialog->style = dialogTemplate->style;
-    dialog->frame = {dialogTemplate->x, dialogTemplate->y, dialogTemplate->width, dialogTemplate->height};
-    dialog->enabled = (dialogTemplate->style & WS_DISABLED) == 0;
+    dialog->text = dialogTemplate.caption;
+    dialog->style = dialogTemplate.style;
+    dialog->frame = {dialogTemplate.x, dialogTemplate.y, dialogTemplate.width, dialogTemplate.height};
+    dialog->enabled = (dialogTemplate.style & WS_DISABLED) == 0;
     dialog->visible = false;
     DialogState state;
     state.procedure = procedure;
     state.module = module;
     state.templateId = templateId;
     state.modal = modal;
-    state.childPage = parentWindow != nullptr || dialogTemplate->childPage;
+    state.childPage = parentWindow != nullptr || dialogTemplate.childPage;
     state.owner = modal && findWindow(parent) ? parent : nullptr;
-    state.fontName = dialogTemplate->fontName;
-    state.fontSize = dialogTemplate->fontSize;
+    state.fontName = dialogTemplate.fontName;
+    state.fontSize = dialogTemplate.fontSize;
     dialog->state = std::move(state);
     HWND handle = registerWindow(dialog);
     if (parentWindow) {
@@ -149,7 +154,7 @@ HWND createDialog(HMODULE module, int32_t templateId, HWND parent, DLGPROC proce
     }
 
     // The default button: the first BS_DEFPUSHBUTTON, else IDOK.
-    for (const auto &control : dialogTemplate->controls) {
+    for (const auto &control : dialogTemplate.controls) {
         WindowPtr window = makeControl(control, handle);
         dialog->children.push_back(registerWindow(window));
         auto &dialogState = *dialog->as<DialogState>();
@@ -172,7 +177,7 @@ HWND createDialog(HMODULE module, int32_t templateId, HWND parent, DLGPROC proce
     if (dialog->destroyed) return handle;
     if (answer != 0 && firstFocus && topLevel && findWindow(firstFocus)) setFocus(firstFocus);
     if (!modal) {
-        dialog->visible = !startHidden && (dialogTemplate->style & WS_VISIBLE) != 0;
+        dialog->visible = !startHidden && (dialogTemplate.style & WS_VISIBLE) != 0;
         announceTree(handle);
     }
     return handle;

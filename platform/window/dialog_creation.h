@@ -18,6 +18,10 @@ const platform::DialogTemplate *findDialogTemplate(HMODULE module, int32_t templ
 // template is missing.
 HWND createDialog(HMODULE module, int32_t templateId, HWND parent, DLGPROC procedure, LPARAM parameter, bool modal,
                   bool startHidden = false);
+// The same from a template the caller made (the in-house frames, which the resource
+// library does not hold); the dialog records module and templateId as its origin.
+HWND createDialogFromTemplate(const platform::DialogTemplate &dialogTemplate, HMODULE module, int32_t templateId,
+                              HWND parent, DLGPROC procedure, LPARAM parameter, bool modal, bool startHidden = false);
 
 // Tells the renderer about a window tree that is complete (see renderer.h): the root
 // and every descendant become announced. Does nothing when the root's parent is not

@@ -48,9 +48,15 @@ void runModalLoop(HWND handle) {
 }
 
 INT_PTR runModalDialog(HMODULE module, int32_t templateId, HWND owner, DLGPROC procedure, LPARAM parameter) {
-    if (!findDialogTemplate(module, templateId)) return -1;
+    const platform::DialogTemplate *dialogTemplate = findDialogTemplate(module, templateId);
+    if (!dialogTemplate) return -1;
+    return runModalDialogFromTemplate(*dialogTemplate, module, templateId, owner, procedure, parameter);
+}
+
+INT_PTR runModalDialogFromTemplate(const platform::DialogTemplate &dialogTemplate, HMODULE module, int32_t templateId,
+                                   HWND owner, DLGPROC procedure, LPARAM parameter) {
     expireNotices();
-    HWND handle = createDialog(module, templateId, owner, procedure, parameter, true);
+    HWND handle = createDialogFromTemplate(dialogTemplate, module, templateId, owner, procedure, parameter, true);
     WindowPtr dialog = findWindow(handle);
     if (!dialog) return handle ? 0 : -1; // destroyed while it was being created
     auto &state = *dialog->as<DialogState>();

@@ -236,6 +236,9 @@ INSTANTIATE_TEST_SUITE_P(
         BrokenScript{"unclosed comment", "/* a\n b\n", 1, "comment is not closed"},
         BrokenScript{"unknown escape", "STRINGTABLE\nBEGIN\n  1, \"C:\\data\"\nEND\n", 3, "unknown escape \\d"},
         BrokenScript{"not UTF-8", "STRINGTABLE\nBEGIN\n  1, \"Gr\xF6\xDF" "e\"\nEND\n", 3, "not valid UTF-8"},
+        BrokenScript{"duplicate picture id", "10022 PICTURE \"a.png\"\n10022 PICTURE \"b.png\"\n", 2,
+                     "duplicate picture id 10022"},
+        BrokenScript{"picture without a file", "\n10013 PICTURE \"\"\n", 2, "names no file"},
         BrokenScript{"stray character", "STRINGTABLE\nBEGIN\n  1; \"x\"\nEND\n", 3, "unexpected character ';'"}),
     [](const ::testing::TestParamInfo<BrokenScript> &info) {
         std::string name;
