@@ -2,6 +2,8 @@
 // descriptor, as UTF-16LE text without byte order mark or terminator.
 #pragma once
 
+#include "query/query_resource_ids.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,9 +12,6 @@
 namespace tabra::query {
 
 inline constexpr std::u16string_view kMaskPrefix = u"OSTREL-SMS";
-inline constexpr int32_t kNotAMaskMessage = 1649;    // not a mask file, or unreadable (%1 the file)
-inline constexpr int32_t kMaskWriteMessage = 1650;   // the mask file was not written whole (%1)
-inline constexpr int32_t kOutOfMemoryMessage = 1600;
 
 // The text of the file: its n bytes read as UTF-16LE into n + 1 zeroed characters,
 // character n - 1 cleared when it is 26 (Ctrl-Z), the text ending at the first zero.
