@@ -7,6 +7,8 @@
 #include "query/designer/join_tables.h"
 #include "tabra_connection.h"
 
+#include <utility>
+
 namespace tabra::query::designer {
 
 namespace {
@@ -23,32 +25,43 @@ std::u16string withAlias(std::u16string item, const std::u16string &alias) {
     return item;
 }
 
-std::u16string columnList(const QueryDesign &design) {
-    std::u16string list;
-    for (const ColumnEntry &column : design.columns) {
-        std::u16string item = withAlias(column.expression, column.alias);
-        if (&column != &design.columns.front()) list += u", ";
-        list += cutTo(item, kItemLength);
+// A list of items: each cut at kItemLength, joined by separators, the whole cut at
+// kPartLength (items that would start beyond it are not built up at all).
+class ItemList {
+public:
+    void add(std::u16string_view separator, std::u16string item) {
+        if (text_.size() >= kPartLength) return;
+        if (items_++ > 0) text_ += separator;
+        text_ += cutTo(item, kItemLength);
     }
-    return cutTo(list, kPartLength);
+    std::u16string text() { return cutTo(text_, kPartLength); }
+
+private:
+    std::u16string text_;
+    size_t items_ = 0;
+};
+
+std::u16string columnList(const QueryDesign &design) {
+    ItemList list;
+    for (const ColumnEntry &column : design.columns) list.add(u", ", withAlias(column.expression, column.alias));
+    return list.text();
 }
 
 // Each table follows ", " when it is a plain table and " " when it is joined; a first
 // table that is joined starts the list with its keyword, as stored.
 std::u16string tableList(const QueryDesign &design) {
-    std::u16string list;
+    ItemList list;
     for (const TableEntry &table : design.tables) {
         const JoinType &join = joinTypeOf(table.joinType);
-        std::u16string item;
-        if (!join.keyword.empty()) (item += join.keyword) += u' ';
+        std::u16string item(join.keyword);
+        if (!item.empty()) item += u' ';
         item = withAlias(item + table.name, table.alias);
         if (join.code != kPlainTable)
             item += u" ON " + table.leftColumn + u" " + std::u16string(comparisonOf(table.comparison).symbol) +
                     u" " + table.rightColumn;
-        if (&table != &design.tables.front()) list += join.code == kPlainTable ? u", " : u" ";
-        list += cutTo(item, kItemLength);
+        list.add(join.code == kPlainTable ? u", " : u" ", std::move(item));
     }
-    return cutTo(list, kPartLength);
+    return list.text();
 }
 
 std::u16string condition(const QueryDesign &design) {
@@ -59,15 +72,14 @@ std::u16string condition(const QueryDesign &design) {
 
 // A direction of ASC (in any case) is the default and is left out.
 std::u16string sortList(const QueryDesign &design) {
-    std::u16string list;
+    ItemList list;
     for (const SortEntry &sort : design.sortOrder) {
         std::u16string item = sort.column;
         if (!isBlank(sort.direction) && !platform::equalIgnoringCase(sort.direction, u"ASC"))
             item += u" " + sort.direction;
-        if (&sort != &design.sortOrder.front()) list += u", ";
-        list += cutTo(item, kItemLength);
+        list.add(u", ", std::move(item));
     }
-    return cutTo(list, kPartLength);
+    return list.text();
 }
 
 } // namespace
