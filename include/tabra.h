@@ -9,6 +9,7 @@
 #include "tabra_connection.h"
 #include "tabra_sqltext.h"
 #include "tabra_query.h"
+#include "tabra_designer.h"
 #include "tabra_catalog.h"
 #include "tabra_rowset.h"
 #include "tabra_systable.h"

@@ -2,6 +2,8 @@
 // descriptor, as UTF-16LE text without byte order mark or terminator.
 #pragma once
 
+#include "query/resource_ids.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>

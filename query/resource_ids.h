@@ -58,6 +58,26 @@ inline constexpr struct Strings {
 inline constexpr struct Messages {
     int32_t notAMask = 1649;       // %1 the file: not a selection mask, or unreadable
     int32_t maskNotWritten = 1650; // %1 the file: not written whole
+    int32_t statementValid = 1706; // the query designer's statement test passed
 } kMessage{};
+
+// The query designer's dialog.
+inline constexpr struct DesignerDialog {
+    int32_t id = 10064;
+} kDesignerDialog{};
+
+// The labels of the designer's join types and join comparisons, by code.
+inline constexpr struct DesignerLabels {
+    int32_t plainTable = 3600;
+    int32_t leftJoin = 3601;
+    int32_t innerJoin = 3602;
+    int32_t rightJoin = 3603;
+    int32_t equal = 3610;
+    int32_t notEqual = 3611;
+    int32_t lessThan = 3612;    // key "GT": the stored keys are crossed on purpose
+    int32_t lessOrEqual = 3613; // key "GE"
+    int32_t greaterThan = 3614; // key "LT"
+    int32_t greaterOrEqual = 3615; // key "LE"
+} kDesignerLabel{};
 
 } // namespace tabra::query::ids

@@ -106,7 +106,8 @@ const std::vector<Family> &families() {
         {"catalog/resource_ids.h", {}, idsOf(tabra::catalog::ids::kString), idsOf(tabra::catalog::ids::kMessage), {}},
         {"query/resource_ids.h",
          {idsOf(query::kAliasDialog), joined(idsOf(query::kSelectionDialog), joined(selectionRowControls(), {IDHELP}))},
-         joined(idsOf(query::kString), idsOf(query::kOperatorLabel)), idsOf(query::kMessage), {}},
+         joined(idsOf(query::kString), joined(idsOf(query::kOperatorLabel), idsOf(query::kDesignerLabel))),
+         idsOf(query::kMessage), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
     };
