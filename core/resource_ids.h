@@ -21,7 +21,7 @@
 // controls. Strings, messages and menus are one struct each (kString, kMessage,
 // kMenu). The resource tests read the structs member by member: every template with
 // its controls, every string, message and menu named here must exist in every shipped
-// language (and a family header must be listed in tests/resources/resource_ids_test.cpp).
+// language (and a family header must be listed in tests/resources/shipped_resources_test.cpp).
 #pragma once
 
 #include <cstdint>
@@ -83,6 +83,9 @@ inline constexpr struct Messages {
     int32_t fileNotWritten = 1614;        // %1 the file
     int32_t fileNotOpened = 1615;         // %1 the file
     int32_t unbalancedParenthesis = 1618; // %1 the rest of the statement
+    int32_t noStatement = 1609;           // a blank statement was to be run or kept
+    int32_t tableNameTaken = 1616;        // %1 the name: a table or view of that name exists
+    int32_t notPossibleHere = 1642;       // the database cannot do what was chosen
 } kMessage{};
 
 } // namespace tabra::core::ids

@@ -10,6 +10,9 @@ namespace tabra::wizards::ids {
 
 inline constexpr struct Messages {
     int32_t tableWithoutColumns = 1617; // %1 the table
+    int32_t nothingChosen = 1625;       // no table chosen in a list, or an empty name
+    int32_t noMatchingRows = 1626;      // the condition selects no row (or could not be counted)
+    int32_t conversionNotAllowed = 1630; // %1 the source column: its type cannot go to the destination's
 } kMessage{};
 
 } // namespace tabra::wizards::ids
