@@ -87,11 +87,15 @@ TABRA_API int32_t ShowMessage(int32_t stringId, const char16_t *argument1, const
 
 /* ---- Data source persistence and dialogs ---- */
 
-/* A database object chosen by the user: its name and object-type code. */
+/* A database object chosen by the user: its name and object-type code, and reserved
+ * bytes that the wizards and the object chooser carry along unread: they copy the whole
+ * 144-byte record in and back. */
 typedef struct DbObjectInfo {
     char16_t DbObjectName[50];
     int32_t DbObjectType;
+    uint8_t Reserved[40];
 } DbObjectInfo;
+#define TABRA_DB_OBJECT_INFO_SIZE 144
 
 /* Registry values "DataSourceName", "UserId", "Password" below root\keyPath\subKey;
  * the password is stored as a plain string. Nothing happens for a null record. */

@@ -98,3 +98,5 @@ extern "C" int32_t Tabra_GetDatabaseType(SQLHDBC connection) { return databaseTy
 extern "C" char16_t Tabra_GetDelimiter(SQLHDBC connection) { return identifierQuote(connection).first(); }
 
 extern "C" uint32_t Tabra_GetSchemaUsage(SQLHDBC connection) { return schemaUsage(connection); }
+
+static_assert(sizeof(DbObjectInfo) == TABRA_DB_OBJECT_INFO_SIZE, "the database object record is 144 bytes");
