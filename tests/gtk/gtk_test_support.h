@@ -21,6 +21,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -98,6 +99,16 @@ protected:
     }
     std::size_t shownCount() const { return next_; }
 
+    // Runs an action once the event loop has run for a while (key and click events sent
+    // before are handled by then).
+    static void later(int milliseconds, std::function<void()> action) {
+        g_timeout_add(static_cast<guint>(milliseconds), [](gpointer data) -> gboolean {
+            std::unique_ptr<std::function<void()>> owned(static_cast<std::function<void()> *>(data));
+            (*owned)();
+            return G_SOURCE_REMOVE;
+        }, new std::function<void()>(std::move(action)));
+    }
+
     // Clicks the widget of a control through the display server.
     static void clickControl(HWND dialog, int32_t id) {
         GtkWidget *widget = gtk::automation::widgetOf(GetDlgItem(dialog, id));
@@ -105,8 +116,9 @@ protected:
         EXPECT_TRUE(gtk::automation::click(widget)) << "control " << id;
     }
     static GtkWidget *widgetOf(HWND dialog, int32_t id) { return gtk::automation::widgetOf(GetDlgItem(dialog, id)); }
+    // The window as the screen shows it, with its title bar when a window manager runs.
     static void saveScreenshot(GtkWidget *window, const std::string &name) {
-        EXPECT_TRUE(gtk::automation::saveWindowImage(window, screenshotPath(name))) << name;
+        EXPECT_TRUE(gtk::automation::saveFramedWindowImage(window, screenshotPath(name))) << name;
     }
 
 private:
