@@ -2,7 +2,7 @@
 # Runs every Tabra test: installs what is missing, builds the library twice (plain,
 # and with AddressSanitizer + UndefinedBehaviorSanitizer), starts throw-away
 # PostgreSQL and MariaDB servers, runs the suite through ctest for both builds (GTK
-# tests under Xvfb), checks that an installed copy serves a host program built with
+# tests under Xvfb with the openbox window manager), checks that an installed copy serves a host program built with
 # pkg-config, and stops the servers on every way out. Exits non-zero on any failure.
 #
 # Works as root on a fresh Debian 12 machine, without a terminal.
@@ -76,8 +76,9 @@ run_suite() { # name build-directory
     local gtk_tests
     gtk_tests=$(ctest --test-dir "$dir" -N -L gtk 2>/dev/null | grep -c 'Test *#' || true)
     if ((gtk_tests > 0)); then
-        step "Tests: $name, GTK under Xvfb"
-        xvfb-run -a -s "-screen 0 1024x768x24" \
+        step "Tests: $name, GTK under Xvfb with a window manager"
+        # A screen large enough for the biggest dialog at twice the pixel density.
+        xvfb-run -a -s "-screen 0 1600x1200x24" bash "$ROOT/tools/with-window-manager.sh" \
             ctest --test-dir "$dir" -j "$JOBS" -L gtk --output-on-failure --timeout 600 </dev/null 2>&1 \
             | tee "$log.gtk" || status=1
         SUMMARY+=("$name, GTK: $(grep -E 'tests passed' "$log.gtk" | tail -1)")
