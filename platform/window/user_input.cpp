@@ -69,6 +69,14 @@ void notifyListViewClick(const Window &view, int32_t code, int32_t index) {
     sendNotifyToParent(view, info.hdr);
 }
 
+// The state of a top-level dialog, which takes the dialog keys; null for anything else.
+const DialogState *keyTaker(HWND handle) {
+    auto dialog = findWindow(handle);
+    return dialog && !dialog->parent ? dialog->as<DialogState>() : nullptr;
+}
+
+Refusal noKeyTaker() { return std::string("no top-level dialog takes the key"); }
+
 } // namespace
 
 Refusal unreachable(HWND handle) {
@@ -300,9 +308,8 @@ Refusal setItemChecked(HWND handle, int32_t index, bool checked) {
 }
 
 Refusal pressTab(HWND handle, bool backward) {
-    auto dialog = findWindow(handle);
-    const auto *state = dialog ? dialog->as<DialogState>() : nullptr;
-    if (!state || dialog->parent) return std::string("no top-level dialog takes the key");
+    const DialogState *state = keyTaker(handle);
+    if (!state) return noKeyTaker();
     HWND next = nextTabStop(handle, state->focus, backward);
     if (!next) return std::nullopt; // nothing to go to: the key does nothing
     auto target = findWindow(next);
@@ -315,9 +322,8 @@ Refusal pressTab(HWND handle, bool backward) {
 }
 
 Refusal pressEnter(HWND handle) {
-    auto dialog = findWindow(handle);
-    const auto *state = dialog ? dialog->as<DialogState>() : nullptr;
-    if (!state || dialog->parent) return std::string("no top-level dialog takes the key");
+    const DialogState *state = keyTaker(handle);
+    if (!state) return noKeyTaker();
     auto focused = findWindow(state->focus);
     if (focused && focused->kind == WindowKind::Button && isPushButton(*focused) && !unreachable(focused->handle))
         return click(focused->handle);
@@ -328,8 +334,8 @@ Refusal pressEnter(HWND handle) {
 }
 
 Refusal pressEscape(HWND handle) {
+    if (!keyTaker(handle)) return noKeyTaker();
     auto dialog = findWindow(handle);
-    if (!dialog || !dialog->as<DialogState>() || dialog->parent) return std::string("no top-level dialog takes the key");
     HWND cancel = nullptr;
     for (HWND child : dialog->children)
         if (auto control = findWindow(child); control && control->id == IDCANCEL) cancel = child;
