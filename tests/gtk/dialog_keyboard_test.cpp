@@ -121,16 +121,8 @@ TEST_F(GtkRendererKeyboard, KeysMoveTheFocusAndEndTheDialogAsOnTheDesktop) {
 TEST_F(GtkRendererKeyboard, DoubleClickInTheListActsAsEnter) {
     onShown({[&](const automation::Shown &shown) {
         saveScreenshot(shown.window, "keyboard-dialog");
-        GtkWidget *list = widgetOf(shown.handle, kTables);
-        GdkRectangle row{};
-        GtkTreePath *second = gtk_tree_path_new_from_indices(1, -1);
-        gtk_tree_view_get_cell_area(GTK_TREE_VIEW(list), second, gtk_tree_view_get_column(GTK_TREE_VIEW(list), 0), &row);
-        gtk_tree_path_free(second);
-        int x = 0, y = 0;
-        gtk_tree_view_convert_bin_window_to_widget_coords(GTK_TREE_VIEW(list), row.x + row.width / 2,
-                                                          row.y + row.height / 2, &x, &y);
-        EXPECT_TRUE(automation::clickAt(list, x, y, 1));
-        EXPECT_TRUE(automation::clickAt(list, x, y, 1));
+        clickRow(widgetOf(shown.handle, kTables), 1, 1);
+        clickRow(widgetOf(shown.handle, kTables), 1, 1);
     }});
     EXPECT_EQ(runDialog(module, kDialog, procedure), IDOK);
     EXPECT_EQ(chosenTable, 1);
