@@ -27,6 +27,10 @@
  *   dialog 103: toggle 1004 #1        toggle one entry of a multiple-selection list
  *   dialog 103: check 1026            check / uncheck a check box or radio button
  *   dialog 103: uncheck 1026
+ *   dialog 103: check 1002 #1         check / uncheck the box of a list view item
+ *   dialog 103: press enter           a key of the dialog: tab, backtab (Shift+Tab),
+ *                                     enter (the focused push button, else the
+ *                                     default button), escape (Cancel)
  *   dialog 103: click 1               click a button
  *   dialog 103: doubleclick 1004 "x"  double-click an entry (list box, list view)
  *   dialog 103: rightclick 1002 #0    right-click an entry of a list view (NM_RCLICK)

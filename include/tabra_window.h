@@ -297,7 +297,10 @@ TABRA_API int32_t MessageBeep(uint32_t type);
 TABRA_API HCURSOR LoadCursorW(HINSTANCE module, int32_t cursorId);
 /* Shows the cursor and returns the previous one. */
 TABRA_API HCURSOR SetCursor(HCURSOR cursor);
-/* Always answers 1; the position is the renderer's pointer position (0, 0 headless). */
+/* Always answers 1. On screen the position is the pointer's (in screen pixels, as
+ * TrackPopupMenu takes it); headless there is no screen, and the position is the
+ * centre of the control the user last clicked, in dialog units of its dialog (0, 0
+ * before any click). */
 TABRA_API int32_t GetCursorPos(POINT *point);
 
 /* ---- Menus ---- */
@@ -319,6 +322,24 @@ TABRA_API uint32_t GetMenuState(HMENU menu, uint32_t item, uint32_t flags);
  * when something was chosen. Greyed items cannot be chosen. */
 TABRA_API int32_t TrackPopupMenu(HMENU menu, uint32_t flags, int32_t x, int32_t y, int32_t reserved, HWND owner,
                                  const RECT *reserved2);
+
+/* ---- List view check boxes (LVS_EX_CHECKBOXES) ---- */
+
+/* 1 when the item's box is checked, 0 when unchecked, -1 when it shows none. */
+#define ListView_GetCheckState(listView, item) \
+    ((int32_t)((((uint32_t)SendMessageW((listView), LVM_GETITEMSTATE, (WPARAM)(item), LVIS_STATEIMAGEMASK)) >> 12) - 1))
+
+/* Checks or unchecks the item's box (item -1: every item); LVN_ITEMCHANGED follows. */
+static inline LRESULT ListView_SetCheckState(HWND listView, int32_t item, int32_t checked) {
+#ifdef __cplusplus
+    LVITEMW change{};
+#else
+    LVITEMW change = {0};
+#endif
+    change.stateMask = LVIS_STATEIMAGEMASK;
+    change.state = INDEXTOSTATEIMAGEMASK(checked ? 2 : 1);
+    return SendMessageW(listView, LVM_SETITEMSTATE, (WPARAM)(intptr_t)item, (LPARAM)&change);
+}
 
 TABRA_END_DECLS
 

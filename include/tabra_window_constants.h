@@ -302,4 +302,17 @@
 #define TCM_DELETEITEM (TCM_FIRST + 8)
 #define TCM_SETITEMW (TCM_FIRST + 61)
 
+/* Focus notifications: edits, list boxes and combo boxes always send theirs; buttons
+ * only with BS_NOTIFY; list views and tab controls as WM_NOTIFY. */
+#define BS_NOTIFY 0x4000u
+#define BN_SETFOCUS 6
+#define BN_KILLFOCUS 7
+#define NM_SETFOCUS (-7)
+#define NM_KILLFOCUS (-8)
+
+/* List view state images: with LVS_EX_CHECKBOXES image 1 is an unchecked box, 2 a
+ * checked one (ListView_GetCheckState / ListView_SetCheckState in tabra_window.h). */
+#define LVIS_STATEIMAGEMASK 0xF000u
+#define INDEXTOSTATEIMAGEMASK(index) ((uint32_t)(index) << 12)
+
 #endif

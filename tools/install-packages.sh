@@ -4,14 +4,15 @@
 #
 #   bash tools/install-packages.sh build   compiler, CMake, unixODBC, GTK 3, GoogleTest
 #   bash tools/install-packages.sh demo    + the SQLite3 ODBC driver and the sqlite3 tool
-#   bash tools/install-packages.sh test    + database servers, their drivers, Xvfb, locales
+#   bash tools/install-packages.sh test    + database servers, their drivers, Xvfb, a window
+#                                          manager for the GTK tests, locales
 set -euo pipefail
 
 build_packages=(build-essential cmake pkg-config unixodbc unixodbc-dev libgtk-3-dev
                 googletest libgtest-dev libbenchmark-dev)
 demo_packages=(libsqliteodbc sqlite3)
 test_packages=(libsqliteodbc sqlite3 odbc-postgresql postgresql odbc-mariadb mariadb-server mariadb-client
-               xvfb xauth imagemagick locales)
+               xvfb xauth imagemagick openbox x11-utils locales)
 
 wanted=("${build_packages[@]}")
 for set in "$@"; do

@@ -2,8 +2,9 @@
 # Runs every Tabra test: installs what is missing, builds the library twice (plain,
 # and with AddressSanitizer + UndefinedBehaviorSanitizer), starts throw-away
 # PostgreSQL and MariaDB servers, runs the suite through ctest for both builds (GTK
-# tests under Xvfb), checks that an installed copy serves a host program built with
-# pkg-config, and stops the servers on every way out. Exits non-zero on any failure.
+# tests under Xvfb with the openbox window manager), checks that an installed copy
+# serves the example host programs built with find_package and with pkg-config, and
+# stops the servers on every way out. Exits non-zero on any failure.
 #
 # Works as root on a fresh Debian 12 machine, without a terminal.
 #   TABRA_BUILD_ROOT   where build/ and build-asan/ go (default: the repository)
@@ -76,8 +77,9 @@ run_suite() { # name build-directory
     local gtk_tests
     gtk_tests=$(ctest --test-dir "$dir" -N -L gtk 2>/dev/null | grep -c 'Test *#' || true)
     if ((gtk_tests > 0)); then
-        step "Tests: $name, GTK under Xvfb"
-        xvfb-run -a -s "-screen 0 1024x768x24" \
+        step "Tests: $name, GTK under Xvfb with a window manager"
+        # A screen large enough for the biggest dialog at twice the pixel density.
+        xvfb-run -a -s "-screen 0 1600x1200x24" bash "$ROOT/tools/with-window-manager.sh" \
             ctest --test-dir "$dir" -j "$JOBS" -L gtk --output-on-failure --timeout 600 </dev/null 2>&1 \
             | tee "$log.gtk" || status=1
         SUMMARY+=("$name, GTK: $(grep -E 'tests passed' "$log.gtk" | tail -1)")
@@ -86,30 +88,44 @@ run_suite() { # name build-directory
     return 0
 }
 
-# An installed copy: headers, library, resources and tabra.pc serve a C host.
+# An installed copy (headers, library, resources, tabra.pc, the CMake package) serves
+# host programs: every example is built against it twice, with find_package(Tabra) and
+# with pkg-config, and each build runs headless on the demo database as
+# "EXAMPLE DATA_SOURCE TABLE FOLDER"; both builds must succeed and leave the same files.
 install_check() { # build-directory
-    local prefix="$WORK/install" host="$WORK/host"
+    local prefix="$WORK/install" examples="$WORK/examples" strict="-Wall -Wextra -Wpedantic -Werror"
     step "Install check"
     cmake --install "$BUILD_ROOT/$1" --prefix "$prefix" >/dev/null || return 1
-    local pcdir
+    local pcdir libdir
     pcdir=$(dirname "$(find "$prefix" -name tabra.pc | head -1)")
+    libdir=$(dirname "$(find "$prefix" -name 'libtabra.so' | head -1)")
     [[ -f "$pcdir/tabra.pc" ]] || { echo "tabra.pc was not installed"; return 1; }
-    cat >"$host.c" <<'C'
-#include <tabra.h>
-#include <stdio.h>
-
-int main(void) {
-    char16_t text[4];
-    int32_t length = OstrelCopyString(text, u"Tabra", 4);
-    printf("OstrelCopyString kept %d characters\n", (int)length);
-    return length == 3 && text[3] == 0 ? 0 : 1;
-}
-C
-    # shellcheck disable=SC2046
-    cc -std=c11 -Wall -Wextra -Wpedantic -Werror "$host.c" -o "$host" \
-        $(PKG_CONFIG_PATH="$pcdir" pkg-config --define-variable=prefix="$prefix" --cflags --libs tabra) || return 1
-    LD_LIBRARY_PATH="$(dirname "$(find "$prefix" -name 'libtabra.so' | head -1)")" "$host" || return 1
-    SUMMARY+=("install: a C host built with pkg-config ran against the installed library")
+    [[ -f "$libdir/cmake/Tabra/TabraConfig.cmake" ]] || { echo "the CMake package was not installed"; return 1; }
+    mkdir -p "$examples/pkg-config"
+    { cmake -S "$ROOT/examples" -B "$examples/cmake" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_C_FLAGS="$strict" \
+        && cmake --build "$examples/cmake"; } >"$WORK/examples-cmake.log" 2>&1 \
+        || { cat "$WORK/examples-cmake.log"; return 1; }
+    local source name build count=0
+    for source in "$ROOT"/examples/*.c; do
+        name=$(basename "$source" .c)
+        # shellcheck disable=SC2046,SC2086
+        cc -std=c11 $strict "$source" -o "$examples/pkg-config/$name" \
+            $(PKG_CONFIG_PATH="$pcdir" pkg-config --define-variable=prefix="$prefix" --cflags --libs tabra) || return 1
+    done
+    export ODBCSYSINI="$BUILD_ROOT/$1/tests/odbc" ODBCINI="$examples/odbc.ini"
+    TABRA_DEMO_DATABASE="$examples/demo.sqlite" bash "$ROOT/tools/demo/make-demo-data.sh" >/dev/null || return 1
+    for source in "$ROOT"/examples/*.c; do
+        name=$(basename "$source" .c)
+        for build in cmake pkg-config; do
+            mkdir -p "$examples/out-$build/$name"
+            LD_LIBRARY_PATH="$libdir" "$examples/$build/$name" TabraDemo Orders "$examples/out-$build/$name" \
+                || { echo "the example $name built with $build failed"; return 1; }
+        done
+        diff -r "$examples/out-cmake/$name" "$examples/out-pkg-config/$name" >/dev/null \
+            || { echo "the two builds of the example $name wrote different files"; return 1; }
+        count=$((count + 1))
+    done
+    SUMMARY+=("install: $count example(s) built with find_package and with pkg-config ran against the installed library")
 }
 
 build build RelWithDebInfo OFF

@@ -12,6 +12,7 @@ namespace {
 constexpr char kBaseRules[] = R"css(
 .tabra-dialog entry { min-height: 0; padding: 1px 4px; }
 .tabra-dialog button { min-height: 0; min-width: 0; padding: 1px 6px; }
+.tabra-dialog button.default { border-color: @theme_selected_bg_color; }
 .tabra-dialog combobox button { padding: 1px 4px; }
 .tabra-dialog combobox entry { padding: 1px 4px; }
 .tabra-dialog checkbutton, .tabra-dialog radiobutton { min-height: 0; padding: 0; }

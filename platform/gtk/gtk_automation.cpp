@@ -41,11 +41,11 @@ gboolean onDrawn(GtkWidget *window, cairo_t *, gpointer data) {
 // and checks and radios fade in: the loop runs that long before the pixels are read.
 constexpr int kDrawingMilliseconds = 300;
 
-bool saveFrom(GdkWindow *source, int width, int height, const std::string &path) {
-    if (!source || width <= 0 || height <= 0) return false;
+bool saveFrom(GdkWindow *source, GdkRectangle area, const std::string &path) {
+    if (!source || area.width <= 0 || area.height <= 0) return false;
     pumpUntil([] { return false; }, kDrawingMilliseconds);
     flushDisplay();
-    GdkPixbuf *pixels = gdk_pixbuf_get_from_window(source, 0, 0, width, height);
+    GdkPixbuf *pixels = gdk_pixbuf_get_from_window(source, area.x, area.y, area.width, area.height);
     if (!pixels) return false;
     gboolean saved = gdk_pixbuf_save(pixels, path.c_str(), "png", nullptr, nullptr);
     g_object_unref(pixels);
@@ -77,14 +77,12 @@ GdkWindow *windowAt(GdkWindow *window, int &x, int &y) {
     return window;
 }
 
-bool centreOf(GtkWidget *widget, GdkWindow *&window, int &x, int &y) {
+// The innermost window at a point of a widget, and the point in its coordinates.
+bool pointOf(GtkWidget *widget, int widgetX, int widgetY, GdkWindow *&window, int &x, int &y) {
     if (!widget || !gtk_widget_get_mapped(widget)) return false;
     GtkWidget *toplevel = gtk_widget_get_toplevel(widget);
     GdkWindow *top = gtk_widget_get_window(toplevel);
-    GtkAllocation area;
-    gtk_widget_get_allocation(widget, &area);
-    if (!top || !gtk_widget_translate_coordinates(widget, toplevel, area.width / 2, area.height / 2, &x, &y))
-        return false;
+    if (!top || !gtk_widget_translate_coordinates(widget, toplevel, widgetX, widgetY, &x, &y)) return false;
     window = windowAt(top, x, y);
     return true;
 }
@@ -118,29 +116,43 @@ GtkWidget *messageBoxButton(GtkWidget *messageBox, int32_t answer) {
     return gtk_dialog_get_widget_for_response(GTK_DIALOG(messageBox), answer);
 }
 
-bool click(GtkWidget *widget) {
+bool clickAt(GtkWidget *widget, int widgetX, int widgetY, unsigned button) {
     GdkWindow *window = nullptr;
     int x = 0, y = 0;
-    if (!centreOf(widget, window, x, y)) return false;
-    return gdk_test_simulate_button(window, x, y, 1, static_cast<GdkModifierType>(0), GDK_BUTTON_PRESS) &&
-           gdk_test_simulate_button(window, x, y, 1, static_cast<GdkModifierType>(0), GDK_BUTTON_RELEASE);
+    if (!pointOf(widget, widgetX, widgetY, window, x, y)) return false;
+    auto none = static_cast<GdkModifierType>(0);
+    return gdk_test_simulate_button(window, x, y, button, none, GDK_BUTTON_PRESS) &&
+           gdk_test_simulate_button(window, x, y, button, none, GDK_BUTTON_RELEASE);
 }
 
-bool pressKey(GtkWidget *window, unsigned keyValue) {
+bool click(GtkWidget *widget) {
+    if (!widget) return false;
+    GtkAllocation area;
+    gtk_widget_get_allocation(widget, &area);
+    return clickAt(widget, area.width / 2, area.height / 2, 1);
+}
+
+bool pressKey(GtkWidget *window, unsigned keyValue, GdkModifierType modifiers) {
     GdkWindow *target = window ? gtk_widget_get_window(window) : nullptr;
     if (!target) return false;
-    return gdk_test_simulate_key(target, -1, -1, keyValue, static_cast<GdkModifierType>(0), GDK_KEY_PRESS) &&
-           gdk_test_simulate_key(target, -1, -1, keyValue, static_cast<GdkModifierType>(0), GDK_KEY_RELEASE);
+    return gdk_test_simulate_key(target, -1, -1, keyValue, modifiers, GDK_KEY_PRESS) &&
+           gdk_test_simulate_key(target, -1, -1, keyValue, modifiers, GDK_KEY_RELEASE);
 }
 
-bool saveWindowImage(GtkWidget *window, const std::string &path) {
+bool saveFramedWindowImage(GtkWidget *window, const std::string &path) {
     GdkWindow *source = window ? gtk_widget_get_window(window) : nullptr;
-    return source && saveFrom(source, gdk_window_get_width(source), gdk_window_get_height(source), path);
+    GdkWindow *root = gdk_get_default_root_window();
+    if (!source || !root) return false;
+    pumpUntil([] { return false; }, kDrawingMilliseconds); // the frame may still be drawn
+    GdkRectangle frame{}, screen{0, 0, gdk_window_get_width(root), gdk_window_get_height(root)};
+    gdk_window_get_frame_extents(source, &frame);
+    GdkRectangle shown{};
+    return gdk_rectangle_intersect(&frame, &screen, &shown) && saveFrom(root, shown, path);
 }
 
 bool saveScreenImage(const std::string &path) {
     GdkWindow *root = gdk_get_default_root_window();
-    return root && saveFrom(root, gdk_window_get_width(root), gdk_window_get_height(root), path);
+    return root && saveFrom(root, {0, 0, gdk_window_get_width(root), gdk_window_get_height(root)}, path);
 }
 
 } // namespace tabra::gtk::automation

@@ -46,15 +46,20 @@ GtkWidget *abortButtonOf(HWND progressIndicator);
 GtkWidget *messageBoxButton(GtkWidget *messageBox, int32_t answer);
 
 // A press and release of the first mouse button at the widget's centre, sent through
-// the display server like a user's click. False when the widget is not on screen.
+// the display server like a user's click (the pointer moves there). False when the
+// widget is not on screen.
 bool click(GtkWidget *widget);
-// A key press and release (a GDK key value such as GDK_KEY_Escape) for the window.
-bool pressKey(GtkWidget *window, unsigned keyValue);
+// The same with any button at a point of the widget (its allocation's coordinates).
+bool clickAt(GtkWidget *widget, int x, int y, unsigned button);
+// A key press and release (a GDK key value such as GDK_KEY_Escape) for the window,
+// with modifiers held (GDK_SHIFT_MASK, GDK_MOD1_MASK for Alt, ...).
+bool pressKey(GtkWidget *window, unsigned keyValue, GdkModifierType modifiers = static_cast<GdkModifierType>(0));
 
-// The pixels of a top-level window as the screen shows them, as PNG. The event loop
-// runs briefly first, so that changes just made are drawn (events waiting then are
-// handled too).
-bool saveWindowImage(GtkWidget *window, const std::string &path);
+// The pixels of a top-level window with the frame a window manager gives it (title
+// bar, borders), as the screen shows them, as PNG; without a window manager the window
+// alone. The event loop runs briefly first, so that changes just made are drawn
+// (events waiting then are handled too).
+bool saveFramedWindowImage(GtkWidget *window, const std::string &path);
 // The whole screen as PNG (stacked windows, menus).
 bool saveScreenImage(const std::string &path);
 

@@ -225,6 +225,16 @@ std::optional<std::u16string> GtkRenderer::fileName(const window::FileNamePrompt
     return runFileChooser(prompt, parentFor(prompt.owner));
 }
 
+std::optional<POINT> GtkRenderer::pointerPosition() {
+    GdkDisplay *display = gdk_display_get_default();
+    GdkSeat *seat = display ? gdk_display_get_default_seat(display) : nullptr;
+    GdkDevice *pointer = seat ? gdk_seat_get_pointer(seat) : nullptr;
+    if (!pointer) return std::nullopt;
+    int x = 0, y = 0;
+    gdk_device_get_position(pointer, nullptr, &x, &y);
+    return POINT{x, y};
+}
+
 // ---- Feedback ----
 
 void GtkRenderer::beep(uint32_t) {

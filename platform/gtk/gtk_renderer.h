@@ -42,6 +42,7 @@ public:
     int32_t messageBox(const window::MessageBoxPrompt &prompt) override;
     int32_t popupMenu(const window::MenuPrompt &prompt) override;
     std::optional<std::u16string> fileName(const window::FileNamePrompt &prompt) override;
+    std::optional<POINT> pointerPosition() override;
     void beep(uint32_t type) override;
     void cursorChanged(int32_t cursorId) override;
     void helpRequested(HMODULE module, int32_t topic) override;

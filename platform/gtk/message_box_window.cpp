@@ -12,14 +12,31 @@
 namespace tabra::gtk {
 namespace {
 
-GtkMessageType messageType(uint32_t style) {
+struct Icon {
+    GtkMessageType type;
+    const char *name; // of the icon theme, null for none
+};
+
+Icon iconOf(uint32_t style) {
     switch (style & MB_ICONMASK) {
-    case MB_ICONERROR: return GTK_MESSAGE_ERROR;
-    case MB_ICONQUESTION: return GTK_MESSAGE_QUESTION;
-    case MB_ICONWARNING: return GTK_MESSAGE_WARNING;
-    case MB_ICONINFORMATION: return GTK_MESSAGE_INFO;
-    default: return GTK_MESSAGE_OTHER;
+    case MB_ICONERROR: return {GTK_MESSAGE_ERROR, "dialog-error"};
+    case MB_ICONQUESTION: return {GTK_MESSAGE_QUESTION, "dialog-question"};
+    case MB_ICONWARNING: return {GTK_MESSAGE_WARNING, "dialog-warning"};
+    case MB_ICONINFORMATION: return {GTK_MESSAGE_INFO, "dialog-information"};
+    default: return {GTK_MESSAGE_OTHER, nullptr};
     }
+}
+
+// GTK 3 message dialogs show no icon of their own any more; the image property still
+// puts one beside the text, as desktop message boxes have it.
+void showIcon(GtkWidget *box, const char *name) {
+    if (!name) return;
+    GtkWidget *image = gtk_image_new_from_icon_name(name, GTK_ICON_SIZE_DIALOG);
+    gtk_widget_set_valign(image, GTK_ALIGN_START);
+    gtk_widget_show(image);
+    G_GNUC_BEGIN_IGNORE_DEPRECATIONS
+    gtk_message_dialog_set_image(GTK_MESSAGE_DIALOG(box), image);
+    G_GNUC_END_IGNORE_DEPRECATIONS
 }
 
 // Button labels as GTK translates them for the user's language.
@@ -67,9 +84,11 @@ std::string textWithCode(const window::MessageBoxPrompt &prompt) {
 
 int32_t runMessageBox(const window::MessageBoxPrompt &prompt, GtkWindow *parent) {
     std::string text = textWithCode(prompt);
-    GtkWidget *box = gtk_message_dialog_new(parent, GTK_DIALOG_MODAL, messageType(prompt.style), GTK_BUTTONS_NONE,
-                                            "%s", text.c_str());
+    Icon icon = iconOf(prompt.style);
+    GtkWidget *box = gtk_message_dialog_new(parent, GTK_DIALOG_MODAL, icon.type, GTK_BUTTONS_NONE, "%s", text.c_str());
+    showIcon(box, icon.name);
     gtk_window_set_title(GTK_WINDOW(box), utf8(prompt.caption).c_str());
+    gtk_window_set_gravity(GTK_WINDOW(box), GDK_GRAVITY_STATIC); // centred frame on frame (widget_tree.cpp)
     gtk_window_set_position(GTK_WINDOW(box), parent ? GTK_WIN_POS_CENTER_ON_PARENT : GTK_WIN_POS_CENTER);
     gtk_window_set_skip_taskbar_hint(GTK_WINDOW(box), parent != nullptr);
     std::vector<int32_t> buttons = window::messageBoxButtons(prompt.style);

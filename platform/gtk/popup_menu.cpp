@@ -77,6 +77,18 @@ GdkEvent *triggerEvent(GtkWindow *parent) {
     return event;
 }
 
+// Shows the menu with its corner at a point of the screen: GTK places menus beside a
+// rectangle of a window, here one pixel of the parent's window (or the screen's).
+void popupAt(GtkWidget *menu, GtkWindow *parent, int32_t x, int32_t y, GdkEvent *trigger) {
+    GdkWindow *window = parent ? gtk_widget_get_window(GTK_WIDGET(parent)) : nullptr;
+    if (!window) window = gdk_get_default_root_window();
+    int originX = 0, originY = 0;
+    gdk_window_get_origin(window, &originX, &originY);
+    GdkRectangle point{x - originX, y - originY, 1, 1};
+    g_object_set(menu, "anchor-hints", GDK_ANCHOR_FLIP | GDK_ANCHOR_SLIDE | GDK_ANCHOR_RESIZE, nullptr);
+    gtk_menu_popup_at_rect(GTK_MENU(menu), window, &point, GDK_GRAVITY_NORTH_WEST, GDK_GRAVITY_NORTH_WEST, trigger);
+}
+
 } // namespace
 
 int32_t runPopupMenu(const window::MenuPrompt &prompt, GtkWindow *parent) {
@@ -87,7 +99,7 @@ int32_t runPopupMenu(const window::MenuPrompt &prompt, GtkWindow *parent) {
     gulong deactivated = g_signal_connect(menu, "deactivate", G_CALLBACK(onDeactivate), &choice);
     automation::reportWhenDrawn(menu, {automation::ShownKind::PopupMenu, menu, nullptr, prompt.menuId});
     GdkEvent *trigger = triggerEvent(parent);
-    gtk_menu_popup_at_pointer(GTK_MENU(menu), trigger);
+    popupAt(menu, parent, prompt.x, prompt.y, trigger);
     gdk_event_free(trigger);
     if (gtk_widget_get_visible(menu)) choice.loop.run();
     else g_idle_remove_by_data(&choice); // not shown (the pointer could not be grabbed): dismissed

@@ -1,6 +1,7 @@
 // Popup menus: a GtkMenu with the prompt's entries (mnemonics, separators, greyed and
-// checked items, submenus), shown at the mouse pointer, where the right click that
-// asks for a context menu happened. Answers the chosen command, 0 when dismissed.
+// checked items, submenus), shown with its top left corner at the prompt's screen
+// position (a context menu is asked for at GetCursorPos, where the pointer is), moved
+// in where it would leave the screen. Answers the chosen command, 0 when dismissed.
 #pragma once
 
 #include "platform/window/prompts.h"

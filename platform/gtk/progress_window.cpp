@@ -37,6 +37,7 @@ ProgressWindow::ProgressWindow(const window::Window &indicator, GtkWindow *owner
     gtk_window_set_skip_taskbar_hint(GTK_WINDOW(window_), owner != nullptr);
     gtk_window_set_modal(GTK_WINDOW(window_), TRUE);
     if (owner) gtk_window_set_transient_for(GTK_WINDOW(window_), owner);
+    gtk_window_set_gravity(GTK_WINDOW(window_), GDK_GRAVITY_STATIC); // centred frame on frame (widget_tree.cpp)
     gtk_window_set_position(GTK_WINDOW(window_), owner ? GTK_WIN_POS_CENTER_ON_PARENT : GTK_WIN_POS_CENTER);
     gtk_window_set_deletable(GTK_WINDOW(window_), state && state->abortable);
 

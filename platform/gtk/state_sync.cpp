@@ -4,6 +4,7 @@
 #include "platform/gtk/dialog_style.h"
 #include "platform/gtk/label_text.h"
 #include "platform/gtk/widget_factory.h"
+#include "platform/gtk/widget_input.h"
 #include "platform/window/window_registry.h"
 #include "tabra_window.h"
 
@@ -73,6 +74,9 @@ void syncText(WidgetRecord &record, const Window &window) {
     }
 }
 
+void rebuildListViewColumns(WidgetRecord &record, const window::ListViewState &view);
+void syncListViewSelection(WidgetRecord &record, const Window &window);
+
 // ---- Styles ----
 
 void syncStyle(WidgetRecord &record, const Window &window) {
@@ -93,6 +97,10 @@ void syncStyle(WidgetRecord &record, const Window &window) {
         }
     } else if (window.kind == WindowKind::ListView) {
         const auto *view = window.as<window::ListViewState>();
+        if (view && ((view->extendedStyle & LVS_EX_CHECKBOXES) != 0) != record.listChecks) {
+            rebuildListViewColumns(record, *view);
+            syncListViewSelection(record, window);
+        }
         bool grid = view && (view->extendedStyle & LVS_EX_GRIDLINES);
         gtk_tree_view_set_grid_lines(GTK_TREE_VIEW(record.inner),
                                      grid ? GTK_TREE_VIEW_GRID_LINES_BOTH : GTK_TREE_VIEW_GRID_LINES_NONE);
@@ -242,11 +250,29 @@ void comboEntryChange(WidgetRecord &record, const Window &window, Change change,
 
 // ---- List views ----
 
+bool itemChecked(const window::ListViewItem &item) {
+    return (item.state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2);
+}
+
 void setListViewRow(WidgetRecord &record, GtkTreeIter &iter, const window::ListViewItem &item) {
     for (int column = 0; column < record.listColumns; ++column) {
         auto at = static_cast<std::size_t>(column);
         std::string text = at < item.texts.size() ? utf8(item.texts[at]) : std::string();
         gtk_list_store_set(record.store, &iter, column, text.c_str(), -1);
+    }
+    if (record.listChecks) gtk_list_store_set(record.store, &iter, record.listColumns, itemChecked(item), -1);
+}
+
+// The check boxes follow item state changes (they come as selection changes).
+void syncListViewChecks(WidgetRecord &record, const window::ListViewState &view) {
+    if (!record.listChecks) return;
+    GtkTreeIter iter;
+    for (std::size_t i = 0; i < view.items.size(); ++i) {
+        if (!nthRow(record.store, static_cast<int>(i), iter)) break;
+        gboolean shown = FALSE;
+        gtk_tree_model_get(GTK_TREE_MODEL(record.store), &iter, record.listColumns, &shown, -1);
+        if ((shown != FALSE) != itemChecked(view.items[i]))
+            gtk_list_store_set(record.store, &iter, record.listColumns, itemChecked(view.items[i]), -1);
     }
 }
 
@@ -262,6 +288,7 @@ void refillListView(WidgetRecord &record, const window::ListViewState &view) {
 void syncListViewSelection(WidgetRecord &record, const Window &window) {
     const auto *view = window.as<window::ListViewState>();
     if (!view) return;
+    syncListViewChecks(record, *view);
     std::vector<bool> selected;
     for (const auto &item : view->items) selected.push_back((item.state & LVIS_SELECTED) != 0);
     selectRows(record.inner, record.store, selected);
@@ -271,17 +298,27 @@ void rebuildListViewColumns(WidgetRecord &record, const window::ListViewState &v
     auto *tree = GTK_TREE_VIEW(record.inner);
     while (GtkTreeViewColumn *column = gtk_tree_view_get_column(tree, 0)) gtk_tree_view_remove_column(tree, column);
     record.listColumns = std::max<int>(1, static_cast<int>(view.columns.size()));
-    record.store = newListViewStore(record.listColumns);
+    record.listChecks = (view.extendedStyle & LVS_EX_CHECKBOXES) != 0;
+    record.store = newListViewStore(record.listColumns, record.listChecks);
     gtk_tree_view_set_model(tree, GTK_TREE_MODEL(record.store));
     g_object_unref(record.store);
     for (std::size_t i = 0; i < view.columns.size(); ++i) {
         const auto &source = view.columns[i];
+        GtkTreeViewColumn *column = gtk_tree_view_column_new();
+        gtk_tree_view_column_set_title(column, plainLabel(source.title).c_str());
+        if (i == 0 && record.listChecks) { // the item's check box comes before its text
+            GtkCellRenderer *toggle = gtk_cell_renderer_toggle_new();
+            g_object_set(toggle, "ypad", 0, "xpad", 2, nullptr);
+            gtk_tree_view_column_pack_start(column, toggle, FALSE);
+            gtk_tree_view_column_add_attribute(column, toggle, "active", record.listColumns);
+            connectItemChecks(toggle, record.handle);
+        }
         GtkCellRenderer *cell = gtk_cell_renderer_text_new();
         int32_t format = source.format & kColumnFormatMask;
         float align = format == kColumnRight ? 1.0f : format == kColumnCenter ? 0.5f : 0.0f;
         g_object_set(cell, "xalign", align, "ypad", 0, "ellipsize", PANGO_ELLIPSIZE_END, nullptr);
-        GtkTreeViewColumn *column = gtk_tree_view_column_new_with_attributes(
-            plainLabel(source.title).c_str(), cell, "text", static_cast<gint>(i), nullptr);
+        gtk_tree_view_column_pack_start(column, cell, TRUE);
+        gtk_tree_view_column_add_attribute(column, cell, "text", static_cast<gint>(i));
         gtk_tree_view_column_set_sizing(column, GTK_TREE_VIEW_COLUMN_FIXED);
         gtk_tree_view_column_set_fixed_width(column, std::max(source.width, 1));
         gtk_tree_view_column_set_resizable(column, TRUE);

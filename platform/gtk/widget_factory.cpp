@@ -138,7 +138,7 @@ void makeComboBox(WidgetRecord &record, const Window &control) {
 
 void makeListView(WidgetRecord &record, const Window &control) {
     record.listColumns = 1;
-    record.store = newListViewStore(record.listColumns);
+    record.store = newListViewStore(record.listColumns, false);
     GtkWidget *view = treeView(record.store, true);
     gtk_tree_selection_set_mode(gtk_tree_view_get_selection(GTK_TREE_VIEW(view)),
                                 window::isSingleSelectionListView(control) ? GTK_SELECTION_SINGLE
@@ -181,8 +181,9 @@ void makeTabControl(WidgetRecord &record) {
 
 } // namespace
 
-GtkListStore *newListViewStore(int columns) {
+GtkListStore *newListViewStore(int columns, bool checks) {
     std::vector<GType> types(static_cast<std::size_t>(columns < 1 ? 1 : columns), G_TYPE_STRING);
+    if (checks) types.push_back(G_TYPE_BOOLEAN);
     return gtk_list_store_newv(static_cast<gint>(types.size()), types.data());
 }
 

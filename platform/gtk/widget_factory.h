@@ -12,7 +12,8 @@
 //   edit               GtkEntry; multi-line: GtkTextView in a GtkScrolledWindow
 //   list box           GtkTreeView without header in a GtkScrolledWindow
 //   combo box          GtkComboBoxText (with an entry when editable)
-//   list view          GtkTreeView with column headers in a GtkScrolledWindow
+//   list view          GtkTreeView with column headers in a GtkScrolledWindow (check
+//                      boxes: a toggle before the first column's text)
 //   tab control        GtkNotebook showing the tabs, under a page area where the
 //                      pages (child dialogs) lie, in a GtkOverlay
 //   progress bar       GtkProgressBar
@@ -30,7 +31,8 @@ WidgetRecord createControlWidgets(const window::Window &control, RecordLookup &l
 std::string editTextForWidget(std::u16string_view text);
 std::u16string editTextFromWidget(const char *text, bool multiLine);
 
-// The GtkListStore of a list view with this many text columns (at least one).
-GtkListStore *newListViewStore(int columns);
+// The GtkListStore of a list view with this many text columns (at least one), and
+// after them the check state of each item when it shows check boxes.
+GtkListStore *newListViewStore(int columns, bool checks);
 
 } // namespace tabra::gtk

@@ -140,6 +140,17 @@ gboolean onListButtonPress(GtkWidget *widget, GdkEventButton *event, gpointer da
     return FALSE;
 }
 
+// A click on an item's check box (the cell shows the engine's state until it changes).
+void onItemCheckToggled(GtkCellRendererToggle *toggle, gchar *pathText, gpointer data) {
+    if (mirroring()) return;
+    HWND handle = handleOf(data);
+    GtkTreePath *path = gtk_tree_path_new_from_string(pathText);
+    int32_t row = path && gtk_tree_path_get_depth(path) > 0 ? gtk_tree_path_get_indices(path)[0] : -1;
+    if (path) gtk_tree_path_free(path);
+    bool checked = !gtk_cell_renderer_toggle_get_active(toggle);
+    deliver(handle, [handle, row, checked] { return input::setItemChecked(handle, row, checked); });
+}
+
 // ---- Combo boxes ----
 
 void onComboChanged(GtkComboBox *combo, gpointer data) {
@@ -179,21 +190,48 @@ gboolean onDeleteEvent(GtkWidget *, GdkEvent *, gpointer data) {
     return TRUE; // the engine decides whether the dialog goes
 }
 
-HWND cancelButtonOf(HWND dialog) {
-    auto window = window::findWindow(dialog);
-    if (!window) return nullptr;
-    for (HWND child : window->children)
-        if (auto control = window::findWindow(child); control && control->id == IDCANCEL) return child;
-    return nullptr;
+// The engine control that has the focus of a dialog, or null.
+window::WindowPtr focusedControl(HWND dialog) {
+    auto root = window::findWindow(dialog);
+    const auto *state = root ? root->as<window::DialogState>() : nullptr;
+    return state ? window::findWindow(state->focus) : nullptr;
 }
 
+// Tab, Enter and Escape work as a dialog's keys do on Win32 whichever widget has the
+// focus (GTK's own focus chain follows the screen, not the template, and lists and
+// combo boxes would keep Enter to themselves); the window sees them first. Everything
+// else (typing, arrows, mnemonics with Alt) is GTK's.
 gboolean onDialogKeyPress(GtkWidget *, GdkEventKey *event, gpointer data) {
-    if (event->keyval != GDK_KEY_Escape) return FALSE;
     HWND dialog = handleOf(data);
-    HWND cancel = cancelButtonOf(dialog);
-    if (cancel && window::input::unreachable(cancel)) return TRUE; // a disabled Cancel: Escape does nothing
-    deliver(dialog, [dialog] { return input::closeDialog(dialog); });
-    return TRUE;
+    guint modifiers = event->state & gtk_accelerator_get_default_mod_mask();
+    switch (event->keyval) {
+    case GDK_KEY_Tab:
+    case GDK_KEY_KP_Tab:
+    case GDK_KEY_ISO_Left_Tab: {
+        if (modifiers & ~static_cast<guint>(GDK_SHIFT_MASK)) return FALSE;
+        bool backward = event->keyval == GDK_KEY_ISO_Left_Tab || (modifiers & GDK_SHIFT_MASK);
+        deliver(dialog, [dialog, backward] { return input::pressTab(dialog, backward); });
+        return TRUE;
+    }
+    case GDK_KEY_Return:
+    case GDK_KEY_KP_Enter:
+    case GDK_KEY_ISO_Enter: {
+        if (modifiers) return FALSE;
+        auto focused = focusedControl(dialog);
+        // A multi-line edit that wants Enter breaks the line where the caret is.
+        if (focused && focused->kind == WindowKind::Edit && window::isMultiLineEdit(*focused) &&
+            (focused->style & ES_WANTRETURN))
+            return FALSE;
+        deliver(dialog, [dialog] { return input::pressEnter(dialog); });
+        return TRUE;
+    }
+    case GDK_KEY_Escape:
+        if (modifiers) return FALSE;
+        deliver(dialog, [dialog] { return input::pressEscape(dialog); });
+        return TRUE;
+    default:
+        return FALSE;
+    }
 }
 
 void onSetFocus(GtkWindow *, GtkWidget *widget, gpointer) {
@@ -255,6 +293,10 @@ void connectControlInput(const WidgetRecord &record, const window::Window &contr
     default:
         break;
     }
+}
+
+void connectItemChecks(GtkCellRenderer *toggle, HWND listView) {
+    g_signal_connect(toggle, "toggled", G_CALLBACK(onItemCheckToggled), listView);
 }
 
 void connectDialogInput(GtkWidget *window, HWND dialog) {

@@ -33,7 +33,9 @@ void deliverInput(HWND window, const std::function<window::input::Refusal()> &in
 
 // Connects the signals of a control's widgets.
 void connectControlInput(const WidgetRecord &record, const window::Window &control);
-// Connects the close box, Escape and focus changes of a dialog's window.
+// Connects the check boxes of a list view's items (a toggle cell of its first column).
+void connectItemChecks(GtkCellRenderer *toggle, HWND listView);
+// Connects the close box, the dialog keys and focus changes of a dialog's window.
 void connectDialogInput(GtkWidget *window, HWND dialog);
 
 // The engine window a widget shows (the widget itself or its nearest ancestor that

@@ -26,6 +26,7 @@ struct WidgetRecord {
     GtkWidget *noneRadio = nullptr; // first radio of a group: the hidden member active when none is checked
     HWND radioLeader = nullptr;     // radios: the first radio of the group
     int listColumns = 0;            // list views: text columns in the store
+    bool listChecks = false;        // list views: a check box per item (its state in store column listColumns)
 };
 
 // Finds the record of a window (null when the renderer does not show it).

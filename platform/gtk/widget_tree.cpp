@@ -75,6 +75,9 @@ WidgetRecord *WidgetTree::buildTopLevel(const Window &dialog) {
     gtk_window_set_type_hint(GTK_WINDOW(window), GDK_WINDOW_TYPE_HINT_DIALOG);
     gtk_window_set_resizable(GTK_WINDOW(window), FALSE);
     gtk_window_set_skip_taskbar_hint(GTK_WINDOW(window), TRUE);
+    // Positions are the client area's, not the frame's: centred on its owner's client
+    // area, a dialog's frame is centred on the owner's frame too.
+    gtk_window_set_gravity(GTK_WINDOW(window), GDK_GRAVITY_STATIC);
     styleDialogWindow(window, record.font);
     GtkWidget *fixed = gtk_fixed_new();
     PixelRect size = toPixels(dialog.frame, record.units);

@@ -14,12 +14,15 @@ namespace tabra::window {
 enum class PromptKind { Dialog = 1, Message = 2, File = 3, Menu = 4, Progress = 5 };
 
 enum class Verb {
-    Set, Type, Select, Toggle, Check, Uncheck, Click, DoubleClick, RightClick, Close, Expect, // dialogs
+    Set, Type, Select, Toggle, Check, Uncheck, Click, DoubleClick, RightClick, Close, Expect, Press, // dialogs
     Callback,                                                                                // dialogs (C++/C)
     Answer,                                                                                  // message boxes
     Choose, Cancel,                                                                          // files, menus
     Abort,                                                                                   // progress
 };
+
+// The dialog keys a script can press.
+enum class DialogKey { Tab, BackTab, Enter, Escape };
 
 // An entry of a list, combo, list view or tab control: by text or by index.
 struct EntryReference {
@@ -37,8 +40,9 @@ struct ScriptAction {
     Verb verb = Verb::Click;
     int32_t control = 0;
     std::u16string text;                 // set, type, expect, choose (file)
-    std::vector<EntryReference> entries; // select, toggle, doubleclick, rightclick
+    std::vector<EntryReference> entries; // select, toggle, doubleclick, rightclick, check (list view item)
     int32_t answer = 0;                  // IDYES, IDNO, ... or the menu command
+    DialogKey key = DialogKey::Enter;    // press
     int32_t abortAt = kNoThreshold;      // progress: abort once the position reaches this
     std::function<void(HWND)> callback;
     std::string source;                  // the line as written, for reports

@@ -5,9 +5,10 @@
 //
 //   PROMPT   dialog ID | message [ID] | file | menu [ID] | progress
 //   dialog   set CONTROL "text"        type CONTROL "text"      expect CONTROL "text"
-//            select CONTROL ENTRY...   toggle CONTROL ENTRY     check CONTROL
-//            uncheck CONTROL           click CONTROL            close
+//            select CONTROL ENTRY...   toggle CONTROL ENTRY     check CONTROL [ENTRY]
+//            uncheck CONTROL [ENTRY]   click CONTROL            close
 //            doubleclick CONTROL [ENTRY]                        rightclick CONTROL [ENTRY]
+//            press tab|backtab|enter|escape
 //   message  answer yes|no|cancel|ok|abort|retry|ignore
 //   file     choose "path" | cancel
 //   menu     choose COMMAND | cancel
@@ -164,6 +165,16 @@ private:
         return true;
     }
 
+    bool key(std::string &error) {
+        static const std::map<std::string, DialogKey> keys{
+            {"tab", DialogKey::Tab}, {"backtab", DialogKey::BackTab}, {"enter", DialogKey::Enter}, {"escape", DialogKey::Escape}};
+        auto found = more() && tokens_[next_].kind == Token::Kind::Word ? keys.find(tokens_[next_].word) : keys.end();
+        if (found == keys.end()) return fail(error, "expected a key (tab, backtab, enter, escape)");
+        action_.key = found->second;
+        ++next_;
+        return true;
+    }
+
     bool end(std::string &error) { return more() ? fail(error, "unexpected words at the end") : true; }
 
     bool dialogAction(const std::string &verb, std::string &error) {
@@ -171,11 +182,12 @@ private:
             {"set", Verb::Set},       {"type", Verb::Type},     {"select", Verb::Select},
             {"toggle", Verb::Toggle}, {"check", Verb::Check},   {"uncheck", Verb::Uncheck},
             {"click", Verb::Click},   {"doubleclick", Verb::DoubleClick}, {"rightclick", Verb::RightClick},
-            {"close", Verb::Close},   {"expect", Verb::Expect}};
+            {"close", Verb::Close},   {"expect", Verb::Expect}, {"press", Verb::Press}};
         auto found = verbs.find(verb);
         if (found == verbs.end()) return fail(error, "unknown dialog action \"" + verb + "\"");
         action_.verb = found->second;
         if (action_.verb == Verb::Close) return end(error);
+        if (action_.verb == Verb::Press) return key(error) && end(error);
         if (!number(action_.control, "a control id", error)) return false;
         switch (action_.verb) {
         case Verb::Set:
@@ -191,6 +203,8 @@ private:
             return entry(error) && end(error);
         case Verb::DoubleClick:
         case Verb::RightClick:
+        case Verb::Check:
+        case Verb::Uncheck:
             if (more() && !entry(error)) return false;
             return end(error);
         default:

@@ -287,6 +287,14 @@ std::optional<std::string> ScriptedRenderer::perform(HWND modal, HWND target, co
         return std::nullopt;
     }
     if (action.verb == Verb::Close) return input::closeDialog(modal);
+    if (action.verb == Verb::Press) {
+        switch (action.key) {
+        case DialogKey::Tab: return input::pressTab(modal, false);
+        case DialogKey::BackTab: return input::pressTab(modal, true);
+        case DialogKey::Enter: return input::pressEnter(modal);
+        case DialogKey::Escape: return input::pressEscape(modal);
+        }
+    }
     WindowPtr control = findControl(modal, target, action.control);
     if (!control) return describeDialog(modal) + " has no control " + std::to_string(action.control);
     HWND handle = control->handle;
@@ -298,8 +306,12 @@ std::optional<std::string> ScriptedRenderer::perform(HWND modal, HWND target, co
     case Verb::Type: return input::typeText(handle, action.text);
     case Verb::Select: return input::selectEntries(handle, indices);
     case Verb::Toggle: return input::toggleEntry(handle, indices.front());
-    case Verb::Check: return input::setChecked(handle, true);
-    case Verb::Uncheck: return input::setChecked(handle, false);
+    case Verb::Check:
+    case Verb::Uncheck: {
+        bool checked = action.verb == Verb::Check;
+        if (control->kind == WindowKind::ListView && !indices.empty()) return input::setItemChecked(handle, indices.front(), checked);
+        return input::setChecked(handle, checked);
+    }
     case Verb::Click: return input::click(handle);
     case Verb::DoubleClick: return input::doubleClick(handle, indices.empty() ? -1 : indices.front());
     case Verb::RightClick: return input::rightClick(handle, indices.empty() ? -1 : indices.front());

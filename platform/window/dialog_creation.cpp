@@ -96,12 +96,6 @@ WindowPtr makeControl(const ControlTemplate &control, HWND dialog) {
     return window;
 }
 
-bool takesFirstFocus(const Window &control) {
-    if (!control.visible || !control.enabled || !(control.style & WS_TABSTOP)) return false;
-    if (control.kind == WindowKind::Static || control.kind == WindowKind::Picture) return false;
-    return !(control.kind == WindowKind::Button && isGroupBox(control));
-}
-
 void markAnnounced(Window &window) {
     window.announced = true;
     for (HWND child : window.children)
@@ -168,7 +162,7 @@ HWND createDialogFromTemplate(const platform::DialogTemplate &dialogTemplate, HM
     HWND firstFocus = nullptr;
     for (HWND child : dialog->children) {
         auto control = findWindow(child);
-        if (control && takesFirstFocus(*control)) {
+        if (control && isTabStop(*control)) {
             firstFocus = child;
             break;
         }

@@ -1,6 +1,7 @@
 // The small feedback calls: beeps, the cursor, help topics and centring a window.
 #include "ostrel_ui.h"
 #include "platform/window/message_dispatch.h"
+#include "platform/window/pointer_position.h"
 #include "platform/window/renderer_selection.h"
 #include "platform/window/window_registry.h"
 
@@ -35,8 +36,7 @@ HCURSOR SetCursor(HCURSOR cursor) {
 
 int32_t GetCursorPos(POINT *point) {
     if (!point) return 0;
-    point->x = 0;
-    point->y = 0;
+    *point = pointerPosition();
     return 1;
 }
 

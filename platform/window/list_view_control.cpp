@@ -38,6 +38,13 @@ bool setSubItemText(Window &view, ListViewState &state, intptr_t index, int32_t 
     return true;
 }
 
+// In a view with check boxes every item shows one, unchecked unless it was given a
+// state image of its own.
+void giveCheckBox(const ListViewState &state, ListViewItem &item) {
+    if ((state.extendedStyle & LVS_EX_CHECKBOXES) && !(item.state & LVIS_STATEIMAGEMASK))
+        item.state |= INDEXTOSTATEIMAGEMASK(1);
+}
+
 void notifyItem(const Window &view, int32_t code, int32_t item, LPARAM param) {
     NMLISTVIEW info{};
     info.hdr.code = static_cast<uint32_t>(code);
@@ -198,6 +205,7 @@ bool listViewMessage(Window &view, uint32_t message, WPARAM wParam, LPARAM lPara
         item.texts.push_back((in->mask & LVIF_TEXT) ? itemText(in->pszText) : std::u16string());
         if (in->mask & LVIF_PARAM) item.param = in->lParam;
         if (in->mask & LVIF_STATE) item.state = in->state & in->stateMask;
+        giveCheckBox(*state, item);
         LPARAM param = item.param;
         state->items.insert(state->items.begin() + position, std::move(item));
         announce(view, Change::EntryInserted, position);
@@ -317,6 +325,7 @@ bool listViewMessage(Window &view, uint32_t message, WPARAM wParam, LPARAM lPara
         uint32_t mask = wParam == 0 ? 0xFFFFFFFFu : static_cast<uint32_t>(wParam);
         result = state->extendedStyle;
         state->extendedStyle = (state->extendedStyle & ~mask) | (static_cast<uint32_t>(lParam) & mask);
+        for (auto &item : state->items) giveCheckBox(*state, item);
         announce(view, Change::Style);
         return true;
     }

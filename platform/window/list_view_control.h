@@ -1,6 +1,8 @@
 // Report list views: columns, items with sub-item texts, an item parameter and the
-// LVIS_SELECTED / LVIS_FOCUSED states; LVS_SINGLESEL keeps one selected item;
-// extended styles are kept for the renderer. State changes notify LVN_ITEMCHANGED.
+// LVIS_SELECTED / LVIS_FOCUSED states and a state image (with LVS_EX_CHECKBOXES every
+// item has one: 1 unchecked, 2 checked); LVS_SINGLESEL keeps one selected item; the
+// other extended styles are kept for the renderer. State changes notify
+// LVN_ITEMCHANGED.
 #pragma once
 
 #include "tabra_base.h"

@@ -37,6 +37,7 @@
 
 #include "platform/window/prompts.h"
 #include "tabra_base.h"
+#include "tabra_window.h"
 
 #include <cstdint>
 #include <optional>
@@ -87,6 +88,10 @@ public:
     virtual int32_t messageBox(const MessageBoxPrompt &prompt) = 0;        // IDOK, IDYES, ...
     virtual int32_t popupMenu(const MenuPrompt &prompt) = 0;               // command, 0 when dismissed
     virtual std::optional<std::u16string> fileName(const FileNamePrompt &prompt) = 0; // nullopt: cancelled
+
+    // The pointer's position on the screen (screen pixels), or nullopt when the
+    // renderer has no screen.
+    virtual std::optional<POINT> pointerPosition() { return std::nullopt; }
 
     // Feedback.
     virtual void beep(uint32_t type) = 0;

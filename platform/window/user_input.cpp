@@ -4,6 +4,7 @@
 #include "platform/text/case_folding.h"
 #include "platform/window/focus.h"
 #include "platform/window/message_dispatch.h"
+#include "platform/window/pointer_position.h"
 #include "platform/window/window_lifetime.h"
 #include "platform/window/window_registry.h"
 
@@ -26,8 +27,7 @@ Refusal noEntry(const Window &window, int32_t index) {
     return describe(window) + " has no entry " + std::to_string(index);
 }
 
-void pressDefaultButton(const Window &control) {
-    HWND root = topLevelOf(control.handle);
+void pressDefaultButton(HWND root) {
     auto dialog = findWindow(root);
     if (!dialog || !dialog->as<DialogState>()) return;
     int32_t id = dialog->as<DialogState>()->defaultId;
@@ -69,6 +69,14 @@ void notifyListViewClick(const Window &view, int32_t code, int32_t index) {
     sendNotifyToParent(view, info.hdr);
 }
 
+// The state of a top-level dialog, which takes the dialog keys; null for anything else.
+const DialogState *keyTaker(HWND handle) {
+    auto dialog = findWindow(handle);
+    return dialog && !dialog->parent ? dialog->as<DialogState>() : nullptr;
+}
+
+Refusal noKeyTaker() { return std::string("no top-level dialog takes the key"); }
+
 } // namespace
 
 Refusal unreachable(HWND handle) {
@@ -85,6 +93,7 @@ Refusal click(HWND handle) {
     if (auto refused = unreachable(handle)) return refused;
     auto button = findWindow(handle);
     if (button->kind != WindowKind::Button || isGroupBox(*button)) return wrongKind(*button, "be clicked");
+    movePointerTo(handle);
     setFocus(handle);
     clickButton(*button);
     return std::nullopt;
@@ -154,7 +163,7 @@ Refusal typeText(HWND handle, const std::u16string &text) {
     for (char16_t c : text) {
         if (!findWindow(handle)) break; // a dialog procedure may close the dialog meanwhile
         if ((c == u'\n' || c == u'\r') && !(edit && isMultiLineEdit(*control))) {
-            pressDefaultButton(*control);
+            pressDefaultButton(topLevelOf(handle));
             continue;
         }
         sendMessage(handle, WM_CHAR, c, 1);
@@ -239,6 +248,7 @@ Refusal toggleEntry(HWND handle, int32_t index) {
 
 Refusal doubleClick(HWND handle, int32_t index) {
     if (auto refused = unreachable(handle)) return refused;
+    movePointerTo(handle);
     auto control = findWindow(handle);
     switch (control->kind) {
     case WindowKind::ListBox:
@@ -269,6 +279,7 @@ Refusal doubleClick(HWND handle, int32_t index) {
 
 Refusal rightClick(HWND handle, int32_t index) {
     if (auto refused = unreachable(handle)) return refused;
+    movePointerTo(handle);
     auto control = findWindow(handle);
     setFocus(handle);
     if (control->kind == WindowKind::ListView) {
@@ -282,6 +293,54 @@ Refusal rightClick(HWND handle, int32_t index) {
         return std::nullopt;
     }
     if (control->parent) sendMessage(control->parent, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle), -1);
+    return std::nullopt;
+}
+
+Refusal setItemChecked(HWND handle, int32_t index, bool checked) {
+    if (auto refused = unreachable(handle)) return refused;
+    auto control = findWindow(handle);
+    const auto *view = control->as<ListViewState>();
+    if (!view || !(view->extendedStyle & LVS_EX_CHECKBOXES)) return wrongKind(*control, "check items (no check boxes)");
+    if (!validIndex(view->items.size(), index)) return noEntry(*control, index);
+    setFocus(handle);
+    setListViewItemState(*control, index, INDEXTOSTATEIMAGEMASK(checked ? 2 : 1), LVIS_STATEIMAGEMASK);
+    return std::nullopt;
+}
+
+Refusal pressTab(HWND handle, bool backward) {
+    const DialogState *state = keyTaker(handle);
+    if (!state) return noKeyTaker();
+    HWND next = nextTabStop(handle, state->focus, backward);
+    if (!next) return std::nullopt; // nothing to go to: the key does nothing
+    auto target = findWindow(next);
+    if (auto *edit = target->as<EditState>()) {
+        edit->selectionStart = 0;
+        edit->selectionEnd = static_cast<int32_t>(target->text.size());
+    }
+    setFocus(next);
+    return std::nullopt;
+}
+
+Refusal pressEnter(HWND handle) {
+    const DialogState *state = keyTaker(handle);
+    if (!state) return noKeyTaker();
+    auto focused = findWindow(state->focus);
+    if (focused && focused->kind == WindowKind::Button && isPushButton(*focused) && !unreachable(focused->handle))
+        return click(focused->handle);
+    if (focused && focused->kind == WindowKind::Edit && isMultiLineEdit(*focused) && (focused->style & ES_WANTRETURN))
+        return typeText(focused->handle, u"\r");
+    pressDefaultButton(handle);
+    return std::nullopt;
+}
+
+Refusal pressEscape(HWND handle) {
+    if (!keyTaker(handle)) return noKeyTaker();
+    auto dialog = findWindow(handle);
+    HWND cancel = nullptr;
+    for (HWND child : dialog->children)
+        if (auto control = findWindow(child); control && control->id == IDCANCEL) cancel = child;
+    if (cancel && unreachable(cancel)) return std::nullopt; // a disabled Cancel: Escape does nothing
+    sendMessage(handle, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), reinterpret_cast<LPARAM>(cancel));
     return std::nullopt;
 }
 

@@ -43,6 +43,19 @@ Refusal doubleClick(HWND control, int32_t index);
 // becomes the only selected one, then NM_RCLICK. On another control: WM_CONTEXTMENU
 // to the dialog.
 Refusal rightClick(HWND control, int32_t index);
+// Checks or unchecks the box of a list view item (LVS_EX_CHECKBOXES), as a click on
+// the box does: the state image changes, LVN_ITEMCHANGED follows.
+Refusal setItemChecked(HWND listView, int32_t index, bool checked);
+// The keys of a dialog, as its dialog manager handles them in Win32, whichever
+// control has the focus: Tab and Shift+Tab (backward) move the focus to the next tab
+// stop (focus.h: nextTabStop; an edit reached so has its text selected); Enter presses
+// the push button with the focus, else the default button (WM_COMMAND with BN_CLICKED;
+// nothing when that button is disabled), while a multi-line edit with ES_WANTRETURN
+// takes it as a line break; Escape sends IDCANCEL unless the dialog's Cancel button is
+// disabled.
+Refusal pressTab(HWND dialog, bool backward);
+Refusal pressEnter(HWND dialog);
+Refusal pressEscape(HWND dialog);
 // The close box of a dialog (WM_CLOSE).
 Refusal closeDialog(HWND dialog);
 // The abort button of a progress indicator.

@@ -35,9 +35,14 @@ dialogs::PageAnswer left(HWND, Seen &seen, dialogs::Leaving direction) {
     seen.calls.push_back(direction == dialogs::Leaving::Back ? "left back" : "left forward");
     return seen.accepts ? dialogs::PageAnswer::GoOn : dialogs::PageAnswer::Stay;
 }
-// Commands no row takes; every other message keeps its default handling.
+// Commands no row takes (focus changes aside: every control reports them); every other
+// message keeps its default handling.
+bool isFocusChange(WPARAM wParam) {
+    const uint32_t code = GetWmCommandNotif(wParam);
+    return code == EN_SETFOCUS || code == EN_KILLFOCUS || code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
+}
 INT_PTR other(HWND, Seen &seen, uint32_t message, WPARAM wParam, LPARAM) {
-    if (message != WM_COMMAND) return 0;
+    if (message != WM_COMMAND || isFocusChange(wParam)) return 0;
     seen.calls.push_back("other " + std::to_string(GetWmCommandId(wParam)));
     return 1;
 }

@@ -21,6 +21,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -98,6 +99,16 @@ protected:
     }
     std::size_t shownCount() const { return next_; }
 
+    // Runs an action once the event loop has run for a while (key and click events sent
+    // before are handled by then).
+    static void later(int milliseconds, std::function<void()> action) {
+        g_timeout_add(static_cast<guint>(milliseconds), [](gpointer data) -> gboolean {
+            std::unique_ptr<std::function<void()>> owned(static_cast<std::function<void()> *>(data));
+            (*owned)();
+            return G_SOURCE_REMOVE;
+        }, new std::function<void()>(std::move(action)));
+    }
+
     // Clicks the widget of a control through the display server.
     static void clickControl(HWND dialog, int32_t id) {
         GtkWidget *widget = gtk::automation::widgetOf(GetDlgItem(dialog, id));
@@ -105,8 +116,25 @@ protected:
         EXPECT_TRUE(gtk::automation::click(widget)) << "control " << id;
     }
     static GtkWidget *widgetOf(HWND dialog, int32_t id) { return gtk::automation::widgetOf(GetDlgItem(dialog, id)); }
+    // Clicks a row of a list box or list view with a mouse button, `across` pixels into
+    // its first cell (-1: the cell's middle); answers the screen point clicked.
+    static GdkPoint clickRow(GtkWidget *view, int row, unsigned button, int across = -1) {
+        GtkTreePath *path = gtk_tree_path_new_from_indices(row, -1);
+        GdkRectangle cell{};
+        gtk_tree_view_get_cell_area(GTK_TREE_VIEW(view), path, gtk_tree_view_get_column(GTK_TREE_VIEW(view), 0), &cell);
+        gtk_tree_path_free(path);
+        GdkPoint at{}, screen{};
+        gtk_tree_view_convert_bin_window_to_widget_coords(GTK_TREE_VIEW(view), cell.x + (across < 0 ? cell.width / 2 : across),
+                                                          cell.y + cell.height / 2, &at.x, &at.y);
+        EXPECT_TRUE(gtk::automation::clickAt(view, at.x, at.y, button)) << "row " << row;
+        GtkWidget *window = gtk_widget_get_toplevel(view);
+        gtk_widget_translate_coordinates(view, window, at.x, at.y, &at.x, &at.y);
+        gdk_window_get_origin(gtk_widget_get_window(window), &screen.x, &screen.y);
+        return {screen.x + at.x, screen.y + at.y};
+    }
+    // The window as the screen shows it, with its title bar when a window manager runs.
     static void saveScreenshot(GtkWidget *window, const std::string &name) {
-        EXPECT_TRUE(gtk::automation::saveWindowImage(window, screenshotPath(name))) << name;
+        EXPECT_TRUE(gtk::automation::saveFramedWindowImage(window, screenshotPath(name))) << name;
     }
 
 private:

@@ -25,6 +25,17 @@ std::string messageText(GtkWidget *box) {
     return copy;
 }
 
+// The name of the icon a message box shows beside its text ("" for none).
+std::string iconName(GtkWidget *box) {
+    GtkWidget *image = nullptr;
+    g_object_get(box, "image", &image, nullptr);
+    const gchar *name = nullptr;
+    if (image && GTK_IS_IMAGE(image) && gtk_widget_get_visible(image)) gtk_image_get_icon_name(GTK_IMAGE(image), &name, nullptr);
+    std::string copy = name ? name : "";
+    if (image) g_object_unref(image);
+    return copy;
+}
+
 TEST_F(GtkRendererMessageBox, QuestionFromTheStringTableAnswersTheButtonPressed) {
     HMODULE resources = englishResources();
     ASSERT_NE(resources, nullptr);
@@ -33,6 +44,7 @@ TEST_F(GtkRendererMessageBox, QuestionFromTheStringTableAnswersTheButtonPressed)
         EXPECT_EQ(shown.id, tabra::catalog::ids::kMessage.confirmDropTable);
         EXPECT_EQ(std::string(gtk_window_get_title(GTK_WINDOW(shown.window))), "Tabra");
         EXPECT_EQ(messageText(shown.window), "Do you really want to delete the table \"Orders\" with all its data?");
+        EXPECT_EQ(iconName(shown.window), "dialog-question") << "the string table's entry asks a question";
         GtkWidget *yes = automation::messageBoxButton(shown.window, IDYES);
         GtkWidget *no = automation::messageBoxButton(shown.window, IDNO);
         ASSERT_NE(yes, nullptr);
@@ -51,6 +63,31 @@ TEST_F(GtkRendererMessageBox, QuestionFromTheStringTableAnswersTheButtonPressed)
     request.flag = 1;
     EXPECT_EQ(Ostrel_Message_Box(&request), IDYES);
     EXPECT_EQ(shownCount(), 1u);
+}
+
+TEST_F(GtkRendererMessageBox, TheIconFollowsTheStyleAndEnterAnswersTheDefault) {
+    struct Case {
+        uint32_t style;
+        const char *icon;
+        const char *screenshot;
+        int32_t answer; // of the default button, which Enter presses
+    };
+    const Case cases[] = {
+        {MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2, "dialog-question", "message-box-question", IDNO},
+        {MB_OKCANCEL | MB_ICONWARNING, "dialog-warning", "message-box-warning", IDOK},
+        {MB_OK | MB_ICONERROR, "dialog-error", "message-box-error", IDOK},
+        {MB_OK | MB_ICONINFORMATION, "dialog-information", "message-box-information", IDOK},
+        {MB_OK, "", "message-box-plain", IDOK},
+    };
+    for (const Case &test : cases) {
+        SCOPED_TRACE(test.screenshot);
+        onShown({[&](const automation::Shown &shown) {
+            EXPECT_EQ(iconName(shown.window), test.icon);
+            saveScreenshot(shown.window, test.screenshot);
+            EXPECT_TRUE(automation::pressKey(shown.window, GDK_KEY_Return));
+        }});
+        EXPECT_EQ(MessageBoxW(nullptr, u"The table \"Orders\" has 830 records.", u"Tables", test.style), test.answer);
+    }
 }
 
 TEST_F(GtkRendererMessageBox, EachButtonAnswersItsOwnValue) {

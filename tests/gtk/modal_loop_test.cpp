@@ -91,7 +91,14 @@ TEST_F(GtkRendererModalLoop, InnerDialogRunsNestedInsideTheOuterOne) {
                  // Typing into the inner dialog's edit goes to the engine.
                  gtk_entry_set_text(GTK_ENTRY(widgetOf(shown.handle, kNameEdit)), "Ada Lovelace");
                  EXPECT_EQ(windowText(GetDlgItem(shown.handle, kNameEdit)), u"Ada Lovelace");
-                 EXPECT_TRUE(automation::saveScreenImage(screenshotPath("nested-modal-dialogs")));
+                 // Centred on its owner, with the owner's title: frame on frame, to a pixel.
+                 GdkRectangle innerFrame{}, outerFrame{};
+                 gdk_window_get_frame_extents(gtk_widget_get_window(shown.window), &innerFrame);
+                 gdk_window_get_frame_extents(gtk_widget_get_window(automation::widgetOf(outerDialog)), &outerFrame);
+                 EXPECT_NEAR(innerFrame.x + innerFrame.width / 2.0, outerFrame.x + outerFrame.width / 2.0, 1.0);
+                 EXPECT_NEAR(innerFrame.y + innerFrame.height / 2.0, outerFrame.y + outerFrame.height / 2.0, 1.0);
+                 EXPECT_STREQ(gtk_window_get_title(inner), "Inner");
+                 saveScreenshot(automation::widgetOf(outerDialog), "nested-modal-dialogs"); // the inner one over it
                  clickControl(shown.handle, IDOK);
              }});
     INT_PTR outerResult = runDialog(module, kOuter, outerProcedure);

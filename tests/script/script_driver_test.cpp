@@ -210,6 +210,8 @@ TEST(ScriptParser, RejectsMalformedLinesWithAReason) {
         {"progress: abort soon", "expected \"at\""},
         {"dialog 3: set 1 \"\\q\"", "unknown escape \\q"},
         {"dialog 99999999999: close", "unexpected words in the prompt"},
+        {"dialog 3: press space", "expected a key (tab, backtab, enter, escape)"},
+        {"dialog 3: check 1002 #1 #2", "unexpected words at the end"},
     };
     for (const auto &c : cases) {
         auto parsed = parseScriptLine(c.line);

@@ -70,8 +70,10 @@ TEST_F(ComboBox, UserInputNotifiesByKind) {
     EXPECT_EQ(listText, u"ID");
     EXPECT_EQ(editText, u"Name!");
     EXPECT_EQ(editSelection, CB_ERR) << "typing leaves the list's entries";
-    std::vector<SeenCommand> expected{{1011, CBN_SELCHANGE}, {1011, CBN_SELCHANGE}, {1012, CBN_SELCHANGE},
-                                      {1012, CBN_EDITUPDATE}, {1012, CBN_EDITCHANGE}, {IDOK, BN_CLICKED}};
+    std::vector<SeenCommand> expected{{1011, CBN_SETFOCUS},   {1011, CBN_SELCHANGE},  {1011, CBN_SELCHANGE},
+                                      {1011, CBN_KILLFOCUS},  {1012, CBN_SETFOCUS},   {1012, CBN_SELCHANGE},
+                                      {1012, CBN_EDITUPDATE}, {1012, CBN_EDITCHANGE}, {1012, CBN_KILLFOCUS},
+                                      {IDOK, BN_CLICKED}};
     EXPECT_EQ(commands, expected);
 }
 

@@ -69,8 +69,11 @@ TEST_F(ListBox, UserSelectionNotifiesAndDoubleClickFollows) {
     EXPECT_FALSE(TabraScript_Failed()) << report();
     EXPECT_EQ(single, 0);
     EXPECT_EQ(multiple, (std::vector<int32_t>{0, 3}));
-    std::vector<SeenCommand> expected{{1004, LBN_SELCHANGE}, {1005, LBN_SELCHANGE}, {1005, LBN_SELCHANGE},
-                                      {1005, LBN_SELCHANGE}, {1004, LBN_SELCHANGE}, {1004, LBN_DBLCLK},
+    // The focus follows the user's clicks, and each list says when it gets and loses it.
+    std::vector<SeenCommand> expected{{1004, LBN_SETFOCUS},  {1004, LBN_SELCHANGE}, {1004, LBN_KILLFOCUS},
+                                      {1005, LBN_SETFOCUS},  {1005, LBN_SELCHANGE}, {1005, LBN_SELCHANGE},
+                                      {1005, LBN_SELCHANGE}, {1005, LBN_KILLFOCUS}, {1004, LBN_SETFOCUS},
+                                      {1004, LBN_SELCHANGE}, {1004, LBN_DBLCLK},    {1004, LBN_KILLFOCUS},
                                       {IDOK, BN_CLICKED}};
     EXPECT_EQ(commands, expected);
 }

@@ -19,7 +19,10 @@ struct Notification {
 class ListView : public ScriptedTest {
 protected:
     ListView() {
-        module.add(DialogBuilder(600, u"Fields").listView(1002).listView(1003, LVS_REPORT | LVS_SINGLESEL).okCancel());
+        module.add(DialogBuilder(600, u"Fields")
+                       .listView(1002).at(10, 20, 120, 60)
+                       .listView(1003, LVS_REPORT | LVS_SINGLESEL)
+                       .okCancel());
         procedure = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
             if (message == WM_INITDIALOG) {
                 for (int32_t id : {1002, 1003}) {
@@ -160,6 +163,46 @@ TEST_F(ListView, ClicksSelectAndNotifyTheItemUnderThePointer) {
         {NM_RCLICK, -1, 0, 0, 0},
     };
     EXPECT_EQ(seen, expected);
+}
+
+TEST_F(ListView, CheckBoxesAreStateImagesTheUserChecks) {
+    std::vector<int32_t> checksAtEnd;
+    POINT pointer{-1, -1};
+    Procedure withChecks = [&](HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
+        HWND view = GetDlgItem(dialog, 1002);
+        if (message == WM_NOTIFY && static_cast<int32_t>(reinterpret_cast<const NMHDR *>(lParam)->code) == NM_RCLICK)
+            GetCursorPos(&pointer);
+        if (message == WM_COMMAND && LOWORD(wParam) == IDOK)
+            for (int32_t i = 0; i < 4; ++i) checksAtEnd.push_back(ListView_GetCheckState(view, i));
+        INT_PTR answer = procedure(dialog, message, wParam, lParam);
+        if (message == WM_INITDIALOG) {
+            // Items there get an unchecked box with the style, and so do items added later.
+            SendMessageW(view, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
+            Ostrel_ListView_InsertItem(view, -1, u"Zip\tzip", u'\t', 103);
+            ListView_SetCheckState(view, 2, TRUE);
+            seen.clear();
+        }
+        return answer;
+    };
+    queue("dialog 600: check 1002 #0");
+    queue("dialog 600: uncheck 1002 \"City\"");
+    queue("dialog 600: rightclick 1002 #3");
+    queue("dialog 600: click 1");
+    EXPECT_EQ(runDialog(module, 600, withChecks), IDOK);
+    EXPECT_FALSE(TabraScript_Failed()) << report();
+    EXPECT_EQ(checksAtEnd, (std::vector<int32_t>{1, 0, 0, 0}));
+    const uint32_t unchecked = INDEXTOSTATEIMAGEMASK(1), checked = INDEXTOSTATEIMAGEMASK(2);
+    ASSERT_GE(seen.size(), 2u);
+    EXPECT_EQ(seen[0], (Notification{LVN_ITEMCHANGED, 0, checked, unchecked, 100}));
+    EXPECT_EQ(seen[1], (Notification{LVN_ITEMCHANGED, 2, unchecked, checked, 102}));
+    // Headless, the pointer is where the right click went: the list view's centre.
+    EXPECT_EQ(pointer.x, 10 + 120 / 2);
+    EXPECT_EQ(pointer.y, 20 + 60 / 2);
+
+    TabraScript_Begin();
+    queue("dialog 600: check 1003 #0");
+    runDialog(module, 600, procedure);
+    EXPECT_NE(report().find("list view 1003 cannot check items (no check boxes)"), std::string::npos) << report();
 }
 
 TEST_F(ListView, DeletingItemsTellsTheDialog) {

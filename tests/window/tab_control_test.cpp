@@ -18,7 +18,8 @@ protected:
                 pageParameters.push_back(lParam);
                 Ostrel_FillBox(GetDlgItem(dialog, 1010), u'\t', pageParameters.size() == 1 ? u"Orders\tStock" : u"Open orders");
             }
-            if (message == WM_COMMAND) pageCommands.push_back(LOWORD(wParam));
+            if (message == WM_COMMAND && HIWORD(wParam) != LBN_SETFOCUS && HIWORD(wParam) != LBN_KILLFOCUS)
+                pageCommands.push_back(LOWORD(wParam));
             return 0;
         };
         main = [this](HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
