@@ -53,9 +53,9 @@ std::u16string dbmsName(SQLHDBC connection) {
     return name;
 }
 
-DatabaseType databaseType(SQLHDBC connection) {
-    const std::u16string name = dbmsName(connection);
-    const std::u16string_view dbms(name);
+DatabaseType databaseType(SQLHDBC connection) { return databaseTypeOfName(dbmsName(connection)); }
+
+DatabaseType databaseTypeOfName(std::u16string_view dbms) {
     if (equalsIgnoringCase(dbms, u"MICROSOFT SQL SERVER")) return DbSqlServer;
     if (equalsIgnoringCase(dbms, u"ACCESS")) return DbAccess;
     if (dbms.size() >= 6 && equalsIgnoringCase(dbms.substr(0, 6), u"ORACLE")) return DbOracle;

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tabra::connection {
 
@@ -48,10 +49,13 @@ std::u16string dbmsName(SQLHDBC connection);
 // "MICROSOFT SQL SERVER", "ACCESS", "ORACLE..." (the first 6 characters), "MYSQL",
 // "PROGRESS", "EXCEL", else DbOther. Asked again on every call.
 DatabaseType databaseType(SQLHDBC connection);
+// The same rule on a name as the driver reports it.
+DatabaseType databaseTypeOfName(std::u16string_view dbmsName);
 
-// The per-database capabilities (the auto-increment column type, whether SELECT INTO
-// works, the text that drops a view) are looked up here, by databaseType(connection),
-// once their table exists; callers must not keep their own copies of such rules.
+// What the database can do and the dialect texts it takes (auto-increment column type,
+// copy, rename and drop statements, column suffixes, type patterns, "no such table"
+// states, ...) are in core/connection/capabilities.h, found by the DBMS name; callers
+// must not keep their own copies of such rules.
 
 // A text answer of SQLGetInfoW (data source name, database name, driver version) into
 // buffer: length is handed to the driver as its buffer length, which ODBC counts in
