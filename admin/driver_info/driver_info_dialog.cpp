@@ -94,7 +94,10 @@ void showInformation(HWND dialog, DriverInformation &information) {
                     formatQuote(format, quote.text, static_cast<int32_t>(quote.first())).c_str());
 }
 
-constexpr tabra::dialogs::Dialog<DriverInformation> kDialog{.initialise = showInformation};
+// Nothing can be edited: the focus starts on OK.
+HWND okButton(HWND dialog, DriverInformation &) { return GetDlgItem(dialog, IDOK); }
+
+constexpr tabra::dialogs::Dialog<DriverInformation> kDialog{.initialise = showInformation, .initialFocus = okButton};
 
 } // namespace
 
