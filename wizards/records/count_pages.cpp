@@ -39,8 +39,13 @@ dialogs::PageAnswer runUpdate(HWND, RecordsWizard &state, dialogs::Leaving direc
     return dialogs::PageAnswer::Stay;
 }
 
+// The update has run: the pages before are switched off, so that Back cannot run it
+// a second time.
 void showResult(HWND page, RecordsWizard &state) {
     showCount(page, ids::kResultPage.result, ids::kString.recordsUpdated, state.count);
+    for (int32_t done : {ids::kUpdateTablePage.id, ids::kUpdateConditionPage.id, ids::kAssignmentPage.id,
+                         ids::kConfirmationPage.id})
+        Wizzard_EnableSubDialog(state.wizard, done, 0);
 }
 
 } // namespace

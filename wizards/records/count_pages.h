@@ -2,8 +2,9 @@
 // (10044, the count shown in 2128: string 2163, or 2164 with 0 when the condition
 // selects nothing; Finish then still runs the statement), and the update wizard's
 // confirmation (10049, string 2166 in 2132; leaving it forward runs the update, and a
-// failure keeps the user there) and result (10047, string 2165 in 2131). The update
-// pages show the count taken when the condition page was left.
+// failure keeps the user there) and result (10047, string 2165 in 2131; Back is off
+// there, the update has run). The update pages show the count taken when the
+// condition page was left.
 #pragma once
 
 #include "wizards/records/records_wizard.h"
