@@ -16,7 +16,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -34,7 +33,7 @@ constexpr char16_t kHistoryKey[] = u"Software\\Ostrel Software\\Tabra\\SqlPerfor
 std::u16string entryName(int number) {
     char name[16];
     std::snprintf(name, sizeof name, "E%03d", number);
-    return std::u16string(name, name + std::strlen(name));
+    return toUtf16(name);
 }
 
 // The history as the registry holds it: "Total" entries "E001", ...
