@@ -24,21 +24,6 @@ namespace {
 namespace ids = wizards::create_table::ids;
 namespace automation = gtk::automation;
 
-// Loads the resource library of a language for one scope, and the usual one after it.
-class ScopedLanguage {
-public:
-    explicit ScopedLanguage(const std::string &language) : variable_(std::in_place, "ZUL_LANGUAGE", language.c_str()) {
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-    ~ScopedLanguage() {
-        variable_.reset();
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-
-private:
-    std::optional<ScopedEnvironmentVariable> variable_;
-};
-
 // The frame's page that holds the control.
 HWND pageHolding(HWND frame, int32_t control) {
     for (HWND child = GetWindow(frame, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))

@@ -4,7 +4,7 @@
 #include "ostrel_ui.h"
 #include "tabra_catalog.h"
 #include "wizards/create_table/create_table_wizard.h"
-#include "wizards/resource_ids.h"
+#include "wizards/list_choice.h"
 
 namespace tabra::wizards::create_table {
 namespace {
@@ -32,11 +32,7 @@ void tableChosen(HWND page, CreateTableWizard &state, int32_t) { state.source = 
 dialogs::PageAnswer leaveTables(HWND page, CreateTableWizard &state, dialogs::Leaving direction) {
     if (direction == dialogs::Leaving::Back) return dialogs::PageAnswer::GoOn;
     HWND list = GetDlgItem(page, kTables);
-    if (Ostrel_GetBoxIndex(list) < 0) {
-        ShowMessage(wizards::ids::kMessage.nothingChosen, nullptr, nullptr, nullptr);
-        SetFocus(list);
-        return dialogs::PageAnswer::Stay;
-    }
+    if (!listHasChoice(list)) return dialogs::PageAnswer::Stay;
     state.source = chosenTable(list);
     Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, kSourceValue,
                                  state.source.c_str());
