@@ -136,6 +136,16 @@ void removeTable(QueryDesign &design, size_t index) {
     if (isQualifierTaken(design, qualifier)) return; // another table answers to it still
     std::erase_if(design.columns, [&](const ColumnEntry &column) { return namesQualifier(column.expression, qualifier); });
     std::erase_if(design.sortOrder, [&](const SortEntry &sort) { return namesQualifier(sort.column, qualifier); });
+    // A join on the removed table has nothing to join to: the table becomes a plain one
+    // (else a table that moves up to the first place would start the FROM list with a
+    // join keyword).
+    for (TableEntry &table : design.tables)
+        if (namesQualifier(table.leftColumn, qualifier) || namesQualifier(table.rightColumn, qualifier)) {
+            table.joinType = kPlainTable;
+            table.comparison = kEqual;
+            table.leftColumn.clear();
+            table.rightColumn.clear();
+        }
 }
 
 void renameQualifier(QueryDesign &design, std::u16string_view from, std::u16string_view to) {

@@ -63,7 +63,8 @@ TableEntry newTableEntry(const QueryDesign &design, std::u16string_view name, co
 // Whether an expression or column names the qualifier ("q.x", "q.*"; case ignored).
 bool namesQualifier(std::u16string_view expression, std::u16string_view qualifier);
 
-// Removes the table at index with the result and sort columns that name it.
+// Removes the table at index with the result and sort columns that name it; a table
+// joined to it becomes a plain table.
 void removeTable(QueryDesign &design, size_t index);
 
 // Writes `to` for the qualifier `from` wherever the design names it: result and sort
