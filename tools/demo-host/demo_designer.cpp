@@ -53,6 +53,7 @@ int runDesigner(SQLHDBC connection, const std::vector<std::string> &arguments) {
     if ((!display || !*display) && TabraScript_PendingCount() == 0) {
         TabraScript_Begin();
         TabraScript_QueueUtf8("dialog 10641: doubleclick 1201 \"Orders\"");
+        TabraScript_QueueUtf8("dialog 10064: select 1101 \"Columns\"");
         TabraScript_QueueUtf8("dialog 10642: doubleclick 1201 \"o.*\"");
         TabraScript_QueueUtf8("dialog 10064: click 1");
         std::printf("No display: the designer is answered with the Orders table and OK\n");
