@@ -52,16 +52,8 @@ std::u16string columnList(const QueryDesign &design) {
 // table that is joined starts the list with its keyword, as stored.
 std::u16string tableList(const QueryDesign &design) {
     ItemList list;
-    for (const TableEntry &table : design.tables) {
-        const JoinType &join = joinTypeOf(table.joinType);
-        std::u16string item(join.keyword);
-        if (!item.empty()) item += u' ';
-        item = withAlias(item + table.name, table.alias);
-        if (join.code != kPlainTable)
-            item += u" ON " + table.leftColumn + u" " + std::u16string(comparisonOf(table.comparison).symbol) +
-                    u" " + table.rightColumn;
-        list.add(join.code == kPlainTable ? u", " : u" ", std::move(item));
-    }
+    for (const TableEntry &table : design.tables)
+        list.add(joinTypeOf(table.joinType).code == kPlainTable ? u", " : u" ", tableItem(table));
     return list.text();
 }
 
@@ -84,6 +76,17 @@ std::u16string sortList(const QueryDesign &design) {
 }
 
 } // namespace
+
+std::u16string tableItem(const TableEntry &table) {
+    const JoinType &join = joinTypeOf(table.joinType);
+    std::u16string item(join.keyword);
+    if (!item.empty()) item += u' ';
+    item = withAlias(item + table.name, table.alias);
+    if (join.code != kPlainTable)
+        item += u" ON " + table.leftColumn + u" " + std::u16string(comparisonOf(table.comparison).symbol) + u" " +
+                table.rightColumn;
+    return item;
+}
 
 ExpansionChars expansionOf(const QueryDesign &design) {
     ExpansionChars expansion = kStandardExpansion;

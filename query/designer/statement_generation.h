@@ -17,6 +17,10 @@ inline constexpr size_t kStatementCapacity = 10000;   // the statement the dialo
 // builds a view on a database of type DbAccess, "%" otherwise.
 ExpansionChars expansionOf(const QueryDesign &design);
 
+// A table's item of the table list: the join keyword, the name, " AS " and the alias,
+// and for a join " ON " and its condition (not cut).
+std::u16string tableItem(const TableEntry &table);
+
 // "SELECT" and the parts that are not blank: " " and the columns, " FROM " and the
 // tables, " WHERE " and the selection's condition, " ORDER BY " and the sort columns;
 // cut to capacity - 1 characters (empty for a capacity below 1).
