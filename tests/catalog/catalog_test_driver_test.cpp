@@ -64,8 +64,9 @@ TEST_F(CatalogTestDriverTest, SchemaUsageWithRowsWithoutSchemaGivesBareNames) {
 }
 
 TEST_F(CatalogTestDriverTest, DropFailuresThatMeanMissingAreSuccessUnderFlagTwo) {
-    auto missing = addDataSource({{"FailPattern", "DROP"}, {"FailState", "42S02"}});
-    auto other = addDataSource({{"FailPattern", "DROP"}, {"FailState", "42000"}});
+    // A database without a row of its own: the classic "no such table" states.
+    auto missing = addDataSource({{"DBMSName", "TabraTestDBMS"}, {"FailPattern", "DROP"}, {"FailState", "42S02"}});
+    auto other = addDataSource({{"DBMSName", "TabraTestDBMS"}, {"FailPattern", "DROP"}, {"FailState", "42000"}});
     {
         auto connection = connect(missing);
         ScriptedRun run;
@@ -143,7 +144,7 @@ TEST_F(CatalogTestDriverTest, NoOperationLeavesAStatementOpen) {
     const int failures = 9;
     for (int i = 0; i < failures; ++i) run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_DeleteTable(hdbc, u"scratch", TABRA_DELETE_NO_CONFIRM), 2);
-    EXPECT_EQ(Tabra_RenameTable(hdbc, u"orders", u"orders_copy", 0), 2);
+    EXPECT_EQ(Tabra_RenameTable(hdbc, u"no_such_table", u"orders_copy", 0), 2);
     EXPECT_EQ(Tabra_GetRecordCount(hdbc, u"no_such_table", 0), 0);
     EXPECT_EQ(Tabra_GetRowSetCount(hdbc, u"SELECT * FROM no_such_table"), 0);
     EXPECT_EQ(Tabra_GetMaximum(hdbc, u"no_such_table", u"x", nullptr, &value), -1);
