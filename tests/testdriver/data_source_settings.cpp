@@ -84,11 +84,15 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     }
     if (auto *text = value("SchemaUsage"))
         settings.schemaUsage = static_cast<SQLUINTEGER>(std::strtoul(text->c_str(), nullptr, 0));
+    if (auto *text = value("IdentifierCase"))
+        settings.identifierCase = static_cast<SQLUSMALLINT>(std::strtoul(text->c_str(), nullptr, 10));
+    if (auto *text = value("Keywords")) settings.keywords = *text;
     if (auto *text = value("PrimaryKeys")) settings.primaryKeys = std::strtol(text->c_str(), nullptr, 10) != 0;
     if (auto *text = value("ConnectInfo")) settings.connectInfoState = *text;
     if (auto *text = value("ExecInfo")) settings.execInfoState = *text;
     if (auto *text = value("FailPattern")) settings.failPattern = *text;
     if (auto *text = value("FailState")) settings.failState = *text;
+    if (auto *text = value("FailMessage")) settings.failMessage = *text;
     return settings;
 }
 
