@@ -117,6 +117,34 @@ TEST_F(OdbcErrorDialogTestDriverTest, OptionValueChangedOffersItsExplanation) {
     EXPECT_FALSE(buttonVisible);
 }
 
+TEST_F(OdbcErrorDialogTestDriverTest, APartIsBracketedOnlyWhileTheRestStartsWithABracket) {
+    const struct {
+        const char *message;
+        std::u16string_view vendor, component, dataSource, text;
+    } cases[] = {
+        {"[a][b][c]the text", u"a", u"b", u"c", u"the text"},
+        {"[a][b]text [x] more", u"a", u"b", u"", u"text [x] more"},
+        {"[SQLite]no such table: x (1)", u"SQLite", u"", u"", u"no such table: x (1)"},
+        {"ERROR: relation x does not exist", u"", u"", u"", u"ERROR: relation x does not exist"},
+        {"ERROR: column [1] is wrong", u"", u"", u"", u"ERROR: column [1] is wrong"},
+        {"[unterminated part", u"", u"", u"", u"[unterminated part"},
+        {"[[a]]rest", u"a", u"", u"", u"]rest"},
+    };
+    for (const auto &c : cases) {
+        auto connection = connect(addDataSource({{"FailPattern", "boom"}, {"FailMessage", c.message}}));
+        OdbcStatement statement(connection);
+        failStatement(statement.handle(), u"SELECT 'boom'");
+        ScriptedRun run;
+        run.queue(click(kErrorDialog.id, IDOK));
+        EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), nullptr), 1);
+        auto shown = [&](int32_t control) { return run.closedControlText(kErrorDialog.id, control); };
+        EXPECT_EQ(shown(kErrorDialog.vendor), c.vendor) << c.message;
+        EXPECT_EQ(shown(kErrorDialog.component), c.component) << c.message;
+        EXPECT_EQ(shown(kErrorDialog.dataSource), c.dataSource) << c.message;
+        EXPECT_EQ(shown(kErrorDialog.message), c.text) << c.message;
+    }
+}
+
 TEST_F(OdbcErrorDialogTestDriverTest, AHandleWithoutDiagnosticsShowsNothing) {
     auto connection = connect(dsn::TestDriver);
     OdbcStatement statement(connection);

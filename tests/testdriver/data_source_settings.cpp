@@ -27,8 +27,9 @@ std::string trimmed(std::string_view text) {
 // Attribute keys by upper-case name, as the settings understand them.
 using Attributes = std::map<std::string, std::string>;
 
-const char *const settingKeys[] = {"DBMSName",   "DBMSVersion", "QuoteChar",   "SchemaUsage", "PrimaryKeys",
-                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState"};
+const char *const settingKeys[] = {"DBMSName",    "DBMSVersion", "QuoteChar",   "SchemaUsage",
+                                   "IdentifierCase", "Keywords", "PrimaryKeys", "ConnectInfo",
+                                   "ExecInfo",    "FailPattern", "FailState",   "FailMessage"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
     Attributes attributes;
