@@ -154,6 +154,26 @@ TEST_F(IdentifierQuotingTestDriverTest, ADriverThatDoesNotQuoteGetsNamesAsTheySt
     EXPECT_EQ(std::u16string(statement), u"SELECT * FROM Order Details");
 }
 
+// What the driver says about case folding and its own reserved words decides which
+// plain names stay bare.
+TEST_F(IdentifierQuotingTestDriverTest, FoldingAndTheDriversKeywordsQuotePlainNames) {
+    const struct {
+        const char *identifierCase;
+        std::u16string_view name;
+        bool bare;
+    } cases[] = {
+        {"1", u"CUSTOMERS", true},  {"1", u"Customers", false}, {"1", u"ALPHA", false}, {"1", u"ALPHA2", true},
+        {"2", u"customers", true},  {"2", u"Customers", false}, {"3", u"Customers", true}, {"3", u"beta", false},
+        {"4", u"Beta_Gamma", true}, {"4", u"ORDER", false},
+    };
+    for (const auto &c : cases) {
+        auto connection = connect(addDataSource({{"IdentifierCase", c.identifierCase}, {"Keywords", "ALPHA,Beta"}}));
+        const std::u16string name(c.name);
+        EXPECT_EQ(prepare92(connection.handle(), name), c.bare ? name : u"\"" + name + u"\"")
+            << c.identifierCase << " " << toUtf8(name);
+    }
+}
+
 TEST_F(IdentifierQuotingTestDriverTest, BackQuotesWorkOnTheSQLiteFile) {
     auto mysql = connect(dsn::MySql);
     EXPECT_EQ(prepare92(mysql.handle(), u"Order Details"), u"`Order Details`");
