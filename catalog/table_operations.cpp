@@ -92,7 +92,8 @@ int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *ta
         return 2;
     const std::u16string text =
         sqltext::formatStatement(connection, u"DROP TABLE %t%.%t", {schema, table}, kDropCapacity);
-    if ((flags & TABRA_DELETE_MISSING_OK) == 0) return StatementRunner(connection, text.c_str()).run() == RunResult::Done ? 1 : 2;
+    if ((flags & TABRA_DELETE_MISSING_OK) == 0)
+        return StatementRunner(connection, text.c_str()).run() == RunResult::Done ? 1 : 2;
 
     // A failure whose state says "no such table" means the table is gone already. Where
     // the database answers with a generic state, the catalog decides.
@@ -101,7 +102,8 @@ int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *ta
     switch (statement.run()) {
     case RunResult::Done: return 1;
     case RunResult::Tolerated:
-        if (!database.tableMissingNeedsCatalog || findInTableList(connection, TABRA_TABLE_TYPE_ALL, schema, 0, table) == 0)
+        if (!database.tableMissingNeedsCatalog ||
+            findInTableList(connection, TABRA_TABLE_TYPE_ALL, schema, 0, table) == 0)
             return 1;
         diagnostics::showOdbcError(SQL_HANDLE_STMT, statement.handle(), text.c_str());
         return 2;

@@ -87,6 +87,21 @@ TEST_F(CatalogTestDriverTest, DropFailuresThatMeanMissingAreSuccessUnderFlagTwo)
     expectNoOpenStatements("drop");
 }
 
+// SQLite answers a missing table with its generic state: there the catalog decides
+// whether the table is gone.
+TEST_F(CatalogTestDriverTest, AGenericStateMeansMissingOnlyWhenTheCatalogAgrees) {
+    auto connection = connect(addDataSource({{"FailPattern", "DROP"}, {"FailState", "S1000"}}));
+    const uint8_t flags = TABRA_DELETE_NO_CONFIRM | TABRA_DELETE_MISSING_OK;
+    ScriptedRun run;
+    EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"no_such_table", flags), 1);
+    expectNothingShown(run);
+    run.queue(click(core::ids::kErrorDialog.id, IDOK));
+    EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", flags), 2); // still there: the failure is shown
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.statement), u"DROP TABLE orders");
+    expectNoOpenStatements("generic drop failure");
+}
+
 TEST_F(CatalogTestDriverTest, SuccessWithInfoCountsAsSuccess) {
     auto connection = connect(dsn::ExecInfo);
     ScriptedRun run;
