@@ -103,9 +103,11 @@ struct Capabilities {
     // The column suffix per column kind; use suffixFor(). On a classic row all kinds
     // have the same suffix (or none: DbAccess, DbExcel).
     ColumnSuffixes columnSuffix;
-    // Column type patterns that replace the shared type table's for this database,
-    // e.g. PostgreSQL TIMESTAMP for 4, MariaDB DOUBLE for 3; use typePatternFor() or,
-    // better, catalog::columnTypePattern() which falls back to the shared table.
+    // Column type patterns that replace the shared type table's for this database:
+    // PostgreSQL "TIMESTAMP" for 4 (it has no DATETIME), MariaDB "DOUBLE" for 3 (its
+    // FLOAT is single precision) and "VARCHAR (255)" for 7 (VARCHAR needs a length);
+    // SQLite and the classic rows none. Use catalog::columnTypeText(), which falls back
+    // to the shared table (or typePatternFor()).
     std::span<const TypePattern> typePatterns;
 
     // ---- Copying, renaming and dropping tables ----
