@@ -29,7 +29,8 @@ using Attributes = std::map<std::string, std::string>;
 
 const char *const settingKeys[] = {"DBMSName",    "DBMSVersion", "QuoteChar",   "SchemaUsage",
                                    "IdentifierCase", "Keywords", "PrimaryKeys", "ConnectInfo",
-                                   "ExecInfo",    "FailPattern", "FailState",   "FailMessage"};
+                                   "ExecInfo",    "FailPattern", "FailState",   "FailMessage",
+                                   "NoRowsNoData"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
     Attributes attributes;
@@ -94,6 +95,7 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     if (auto *text = value("FailPattern")) settings.failPattern = *text;
     if (auto *text = value("FailState")) settings.failState = *text;
     if (auto *text = value("FailMessage")) settings.failMessage = *text;
+    if (auto *text = value("NoRowsNoData")) settings.noRowsNoData = std::strtol(text->c_str(), nullptr, 10) != 0;
     return settings;
 }
 
@@ -110,6 +112,12 @@ bool DataSourceSettings::refusesStatement(const SQLCHAR *text, SQLINTEGER length
     if (failPattern.empty()) return false;
     std::string statement = upper(odbcString(text, length));
     return statement.find(upper(failPattern)) != std::string::npos;
+}
+
+bool DataSourceSettings::answersNoData(const SQLCHAR *text, SQLINTEGER length) const {
+    if (!noRowsNoData) return false;
+    std::string statement = upper(trimmed(odbcString(text, length)));
+    return statement.rfind("UPDATE", 0) == 0 || statement.rfind("DELETE", 0) == 0;
 }
 
 DataSourceSettings readDataSourceSettings(const std::string &dsn) {

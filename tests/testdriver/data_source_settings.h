@@ -16,6 +16,8 @@
 //   FailState=42000          ... with this SQLSTATE (default 42000)
 //   FailMessage=[a]text      ... and this diagnostic message (default "[TabraTestDriver]
 //                            Statement refused for the test: " and the statement)
+//   NoRowsNoData=1           an UPDATE or DELETE run directly that changes no row
+//                            answers SQL_NO_DATA, as ODBC 3 drivers do
 //
 // Everything else passes through to the SQLite3 driver unchanged (Database=, ...).
 #pragma once
@@ -41,9 +43,12 @@ struct DataSourceSettings {
     std::string failPattern;
     std::string failState = "42000";
     std::optional<std::string> failMessage;
+    bool noRowsNoData = false;
 
     // True when statement text (of the given length, or SQL_NTS) matches failPattern.
     bool refusesStatement(const SQLCHAR *text, SQLINTEGER length) const;
+    // True when text is an UPDATE or DELETE whose "no rows" answer is SQL_NO_DATA.
+    bool answersNoData(const SQLCHAR *text, SQLINTEGER length) const;
 };
 
 // Reads the settings of data source `dsn` from odbc.ini (user, then system).
