@@ -226,10 +226,10 @@ TEST_F(CapabilitiesTestDriverTest, EveryRowsFormatsTakeTheirArguments) {
             EXPECT_EQ(placeholders(row.copyStructureStatement), u"tt");
             EXPECT_EQ(placeholders(row.copyWithRowsStatement), u"tt");
         }
-        if (row.addPrimaryKeyStatement) EXPECT_EQ(placeholders(row.addPrimaryKeyStatement), u"ts");
-        if (row.dropPrimaryKeyStatement) EXPECT_EQ(placeholders(row.dropPrimaryKeyStatement).substr(0, 1), u"t");
-        if (row.rowSetCountStatement) EXPECT_EQ(placeholders(row.rowSetCountStatement), u"s");
-        if (row.textMatchCast) EXPECT_EQ(placeholders(row.textMatchCast), u"s");
+        if (row.addPrimaryKeyStatement) { EXPECT_EQ(placeholders(row.addPrimaryKeyStatement), u"ts"); }
+        if (row.dropPrimaryKeyStatement) { EXPECT_EQ(placeholders(row.dropPrimaryKeyStatement).substr(0, 1), u"t"); }
+        if (row.rowSetCountStatement) { EXPECT_EQ(placeholders(row.rowSetCountStatement), u"s"); }
+        if (row.textMatchCast) { EXPECT_EQ(placeholders(row.textMatchCast), u"s"); }
         EXPECT_NE(row.dropViewWord, nullptr);
         EXPECT_NE(row.tableMissingStates, nullptr);
         EXPECT_NE(row.systemTableValueType, nullptr);
