@@ -162,6 +162,11 @@ struct Capabilities {
     // Whether the primary-key catalog (SQLPrimaryKeys) wants the table name prepared
     // for SQL (quoted where needed) rather than as it stands: DbMySql only.
     bool quotesPrimaryKeyLookup = false;
+    // Whether string literals may read a backslash as an escape (the MySQL family's
+    // default, unless the session's sql_mode says NO_BACKSLASH_ESCAPES): callers that
+    // write backslashes into literals ask the server which rule holds. MariaDB and
+    // DbMySql.
+    bool literalsMayEscapeBackslashes = false;
 
     // Whether a table can be copied (the design's "SELECT ... INTO allowed" column):
     // both copy statements exist.
