@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tabra::connection {
 
@@ -48,10 +49,23 @@ std::u16string dbmsName(SQLHDBC connection);
 // "MICROSOFT SQL SERVER", "ACCESS", "ORACLE..." (the first 6 characters), "MYSQL",
 // "PROGRESS", "EXCEL", else DbOther. Asked again on every call.
 DatabaseType databaseType(SQLHDBC connection);
+// The same rule on a name as the driver reports it.
+DatabaseType databaseTypeOfName(std::u16string_view dbmsName);
 
-// The per-database capabilities (the auto-increment column type, whether SELECT INTO
-// works, the text that drops a view) are looked up here, by databaseType(connection),
-// once their table exists; callers must not keep their own copies of such rules.
+// What the database can do and the dialect texts it takes (auto-increment column type,
+// copy, rename and drop statements, column suffixes, type patterns, "no such table"
+// states, ...) are in core/connection/capabilities.h, found by the DBMS name; callers
+// must not keep their own copies of such rules.
+
+// How the database treats the case of unquoted identifiers (SQL_IDENTIFIER_CASE):
+// SQL_IC_UPPER or SQL_IC_LOWER when it folds them to that case, SQL_IC_SENSITIVE or
+// SQL_IC_MIXED when it keeps them; 0 for a null connection or a failed call.
+SQLUSMALLINT identifierCase(SQLHDBC connection);
+
+// The driver's own reserved words (SQL_KEYWORDS): a comma-separated list, empty when
+// the driver names none, the call fails or there is no connection. Some drivers take
+// long over this answer (MariaDB's about 70 microseconds): ask it only when needed.
+std::u16string keywords(SQLHDBC connection);
 
 // A text answer of SQLGetInfoW (data source name, database name, driver version) into
 // buffer: length is handed to the driver as its buffer length, which ODBC counts in

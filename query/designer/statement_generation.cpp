@@ -2,10 +2,10 @@
 // kPartLength, and the statement at the caller's capacity, all without error.
 #include "query/designer/statement_generation.h"
 
+#include "core/connection/capabilities.h"
 #include "platform/text/bounded_text.h"
 #include "platform/text/case_folding.h"
 #include "query/designer/join_tables.h"
-#include "core/connection/connection_info.h"
 #include "tabra_connection.h"
 
 #include <utility>
@@ -90,7 +90,7 @@ std::u16string tableItem(const TableEntry &table) {
 
 ExpansionChars expansionOf(const QueryDesign &design) {
     ExpansionChars expansion = kStandardExpansion;
-    if (design.buildsView() && connection::databaseType(design.connection) == DbAccess) expansion[0] = u'*';
+    if (design.buildsView()) expansion[0] = connection::capabilities(design.connection).viewPatternWildcard;
     return expansion;
 }
 
