@@ -152,10 +152,7 @@ extern "C" int32_t Tabra_RenameTable(SQLHDBC connection, const char16_t *oldName
 }
 
 extern "C" void Tabra_CreateUniqueTableName(SQLHDBC connection, char16_t *name, int32_t capacity) {
-    if (connection == SQL_NULL_HDBC || name == nullptr || capacity < 1) return;
-    findFreeName(name, capacity, [connection](const char16_t *candidate) {
-        return findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, candidate) != 0;
-    });
+    makeTableNameUnique(connection, name, capacity);
 }
 
 extern "C" void OdbcEh_CreateUniqueTableName(int32_t, SQLHDBC connection, const char16_t *schema, char16_t *name,
@@ -165,3 +162,14 @@ extern "C" void OdbcEh_CreateUniqueTableName(int32_t, SQLHDBC connection, const 
         return findInCatalog(connection, TABRA_TABLE_TYPE_ALL, schema, candidate) != 0;
     });
 }
+
+namespace tabra::catalog {
+
+void makeTableNameUnique(SQLHDBC connection, char16_t *name, int32_t capacity) {
+    if (connection == SQL_NULL_HDBC || name == nullptr || capacity < 1) return;
+    findFreeName(name, capacity, [connection](const char16_t *candidate) {
+        return findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, candidate) != 0;
+    });
+}
+
+} // namespace tabra::catalog

@@ -23,4 +23,8 @@ int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *ta
 // 2 not.
 int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t *newName, uint8_t flags);
 
+// Tabra_CreateUniqueTableName: keeps name (capacity characters) when no table or view
+// has it, else makes it name_1, name_2, ... (cut to the capacity) until one is free.
+void makeTableNameUnique(SQLHDBC connection, char16_t *name, int32_t capacity);
+
 } // namespace tabra::catalog

@@ -44,6 +44,36 @@ TABRA_API INT_PTR DelRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
 TABRA_API INT_PTR UpdRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                       LPARAM lParam);
 
+/* ---- Create table ----
+ *
+ * Creates a new, empty table in one of three ways, chosen on the wizard's first page:
+ * - a table of one auto-increment key column named Id ("CREATE TABLE <name> (Id
+ *   <the database's auto-increment type>)"); offered only where the database has an
+ *   auto-increment column type;
+ * - an empty copy of another table's structure (its column names and types, no rows,
+ *   no keys); offered only where the database can copy tables;
+ * - the default column definition of the resource library (string 2161, translated)
+ *   with an Id key column where the database has an auto-increment type, added by
+ *   ALTER TABLE or, where ALTER TABLE cannot add a key column (SQLite), declared last in
+ *   the CREATE TABLE itself. Where the key column cannot be added after the table was
+ *   made, the table stays and the wizard answers 2.
+ * The next pages ask for the source table (copies only) and the new name, proposed
+ * from string 1965 and made unique; an empty name gives message 1625, a name a table or
+ * view has message 1616, and the user stays on the page. The chosen way ("Type") and
+ * source ("Copy") are remembered under the library's registry key "Create Table" as
+ * soon as their pages are left, even when the wizard is cancelled afterwards. Every
+ * statement passes the statement hook (any answer but 1 ends the wizard with 2
+ * quietly) and counts as done only with SQL_SUCCESS; failures show the statement's
+ * diagnostics. A way the database cannot do gives message 1642.
+ *
+ * Returns 1 when the table was created: nameBuffer (nameSize characters, cut to fit)
+ * then holds its name. 2 otherwise, also for a null connection; nameBuffer is then
+ * untouched. */
+TABRA_API int32_t Tabra_CreateTableWizzard(SQLHDBC connection, char16_t *nameBuffer, int32_t nameSize);
+TABRA_API INT_PTR CreateTableWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
+                                          LPARAM lParam);
+/* ---- end of create table ---- */
+
 TABRA_END_DECLS
 
 #endif

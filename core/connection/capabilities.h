@@ -117,6 +117,12 @@ struct Capabilities {
     //   SELECT * FROM %t WHERE 3=5". Null where tables cannot be copied (DbMySql,
     //   DbExcel).
     const char16_t *copyStructureStatement = nullptr;
+    // Whether copyStructureStatement gives the copy the source's column types. False on
+    // SQLite, whose CREATE TABLE ... AS SELECT declares each column by its type
+    // affinity (VARCHAR (50) becomes TEXT, DATE becomes NUM): an empty copy is written
+    // there as "CREATE TABLE %t (<column> <declared type>, ...)" from the column
+    // catalog instead (catalog/column_definitions.h).
+    bool copyKeepsColumnTypes = true;
     // A copy of a table with its rows: arguments new table (%t), source table (%t).
     //   classic "SELECT * INTO %t FROM %t", dialect rows "CREATE TABLE %t AS SELECT *
     //   FROM %t". Null where tables cannot be copied.

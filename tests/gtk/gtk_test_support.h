@@ -7,6 +7,7 @@
 
 #ifdef TABRA_WITH_GTK
 
+#include "core/module/module_state.h"
 #include "platform/gtk/gtk_automation.h"
 #include "platform/gtk/gtk_session.h"
 #include "platform/gtk/label_text.h"
@@ -14,6 +15,7 @@
 #include "platform/resources/resource_script_file.h"
 #include "platform/window/renderer_selection.h"
 #include "platform/window/window_registry.h"
+#include "support/scoped_environment.h"
 #include "tabra_window.h"
 
 #include <gtest/gtest.h>
@@ -24,10 +26,26 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace tabra::test {
+
+// Loads the resource library of a language for one scope, and the usual one after it.
+class ScopedLanguage {
+public:
+    explicit ScopedLanguage(const std::string &language) : variable_(std::in_place, "ZUL_LANGUAGE", language.c_str()) {
+        module::moduleEntryPoint(module::ProcessAttach);
+    }
+    ~ScopedLanguage() {
+        variable_.reset();
+        module::moduleEntryPoint(module::ProcessAttach);
+    }
+
+private:
+    std::optional<ScopedEnvironmentVariable> variable_;
+};
 
 // Where the screenshots go: TABRA_SCREENSHOT_DIR, else "screenshots" in the build tree.
 inline std::filesystem::path screenshotDirectory() {

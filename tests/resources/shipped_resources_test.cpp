@@ -1,8 +1,10 @@
 // The resource libraries that ship with the library: they load, hold every id the
 // family headers name, the languages agree on every id, button set and insert, and
 // the dialogs the code opens hold the controls it drives, laid out inside their frames.
+#include "admin/driver_info/resource_ids.h"
 #include "admin/resource_ids.h"
 #include "admin/sql_performer/resource_ids.h"
+#include "admin/table_name/resource_ids.h"
 #include "catalog/resource_ids.h"
 #include "core/resource_ids.h"
 #include "ostrel_ui.h"
@@ -12,6 +14,7 @@
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
+#include "wizards/create_table/resource_ids.h"
 #include "wizards/records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
@@ -114,6 +117,9 @@ const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
     namespace records = tabra::wizards::records::ids;
+    namespace createTable = tabra::wizards::create_table::ids;
+    namespace driverInfo = tabra::admin::driver_info::ids;
+    namespace tableName = tabra::admin::table_name::ids;
     std::vector<int32_t> fileErrors;
     for (int32_t code = OSTREL_FILE_ERROR_ACCESS; code <= OSTREL_FILE_ERROR_OTHER; ++code)
         fileErrors.push_back(OSTREL_FILE_ERROR_STRINGS + code);
@@ -149,6 +155,12 @@ const std::vector<Family> &families() {
           idsOf(tabra::admin::sql_performer::ids::kConnectionPerformerDialog),
           idsOf(tabra::admin::sql_performer::ids::kSqlHelpDialog)},
          idsOf(tabra::admin::sql_performer::ids::kString), {}, {}},
+        {"wizards/create_table/resource_ids.h",
+         {idsOf(createTable::kModePage), idsOf(createTable::kSourcePage), idsOf(createTable::kNamePage),
+          idsOf(createTable::kClosingPage)},
+         idsOf(createTable::kString), {}, {}},
+        {"admin/driver_info/resource_ids.h", {idsOf(driverInfo::kDriverInfoDialog)}, idsOf(driverInfo::kString), {}, {}},
+        {"admin/table_name/resource_ids.h", {idsOf(tableName::kTableNameDialog)}, {}, idsOf(tableName::kMessage), {}},
     };
     return all;
 }
@@ -200,6 +212,8 @@ TEST_P(ShippedLanguage, MessagesKeepTheirInsertsAndButtons) {
         {admin::kMessage.confirmDropView, MB_YESNO, true},
         {admin::kMessage.confirmDropColumn, MB_YESNOCANCEL, true},
         {admin::kMessage.confirmDropPrimaryKey, MB_YESNO, false},
+        {core::kMessage.tableNameTaken, MB_OK, true},
+        {tabra::admin::table_name::ids::kMessage.emptyName, MB_OK, false},
     };
     const ResourceTables &tables = shipped(GetParam());
     for (const auto &m : messages) {
@@ -224,6 +238,11 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
     const auto &performer = tabra::admin::sql_performer::ids::kRecordPerformerDialog;
     const auto &heldPerformer = tabra::admin::sql_performer::ids::kConnectionPerformerDialog;
     const auto &sqlHelp = tabra::admin::sql_performer::ids::kSqlHelpDialog;
+    const auto &modes = tabra::wizards::create_table::ids::kModePage;
+    const auto &source = tabra::wizards::create_table::ids::kSourcePage;
+    const auto &name = tabra::wizards::create_table::ids::kNamePage;
+    const auto &info = tabra::admin::driver_info::ids::kDriverInfoDialog;
+    const auto &tableName = tabra::admin::table_name::ids::kTableNameDialog;
     const struct {
         int32_t dialog;
         std::vector<int32_t> controls;
@@ -254,6 +273,13 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
         {heldPerformer.id, {heldPerformer.statement}, ControlKind::Edit, ES_MULTILINE | ES_WANTRETURN},
         {heldPerformer.id, {heldPerformer.history}, ControlKind::ListBox, 0},
         {sqlHelp.id, {sqlHelp.examples}, ControlKind::ListBox, 0},
+        {modes.id, {modes.keyColumnOnly, modes.copyStructure, modes.defaultDefinition}, ControlKind::RadioButton, 0},
+        {source.id, {source.tables}, ControlKind::ListBox, LBS_NOTIFY},
+        {name.id, {name.name}, ControlKind::Edit, 0},
+        {info.id, {info.dbmsName, info.dbmsVersion, info.odbcVersion, info.driverVersion, info.dataSource,
+                   info.quoteCharacter, info.databaseName}, ControlKind::Edit, readOnly},
+        {tableName.id, {tableName.name}, ControlKind::Edit, 0},
+        {tableName.id, {IDOK, IDCANCEL}, ControlKind::PushButton, 0},
     };
     const ResourceTables &tables = shipped(GetParam());
     for (const auto &e : expected) {

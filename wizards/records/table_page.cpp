@@ -4,7 +4,7 @@
 #include "catalog/table_list.h"
 #include "ostrel_ui.h"
 #include "wizards/records/resource_ids.h"
-#include "wizards/resource_ids.h"
+#include "wizards/list_choice.h"
 
 namespace tabra::wizards::records {
 
@@ -38,11 +38,7 @@ void tableChosen(HWND page, RecordsWizard &state, int32_t) {
 dialogs::PageAnswer leaveTables(HWND page, RecordsWizard &state, dialogs::Leaving direction) {
     if (direction == dialogs::Leaving::Back) return dialogs::PageAnswer::GoOn;
     HWND list = GetDlgItem(page, kTables);
-    if (Ostrel_GetBoxIndex(list) < 0) {
-        ShowMessage(wizards::ids::kMessage.nothingChosen, nullptr, nullptr, nullptr);
-        SetFocus(list);
-        return dialogs::PageAnswer::Stay;
-    }
+    if (!listHasChoice(list)) return dialogs::PageAnswer::Stay;
     state.setTable(chosenTable(list));
     if (state.operation == Operation::Update) state.loadColumns();
     return dialogs::PageAnswer::GoOn;
