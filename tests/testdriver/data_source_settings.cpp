@@ -28,7 +28,7 @@ std::string trimmed(std::string_view text) {
 using Attributes = std::map<std::string, std::string>;
 
 const char *const settingKeys[] = {"DBMSName",   "DBMSVersion", "QuoteChar",   "SchemaUsage", "PrimaryKeys",
-                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState"};
+                                   "PrimaryKeyName", "ConnectInfo", "ExecInfo",    "FailPattern", "FailState"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
     Attributes attributes;
@@ -85,6 +85,7 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     if (auto *text = value("SchemaUsage"))
         settings.schemaUsage = static_cast<SQLUINTEGER>(std::strtoul(text->c_str(), nullptr, 0));
     if (auto *text = value("PrimaryKeys")) settings.primaryKeys = std::strtol(text->c_str(), nullptr, 10) != 0;
+    if (auto *text = value("PrimaryKeyName")) settings.primaryKeyName = *text;
     if (auto *text = value("ConnectInfo")) settings.connectInfoState = *text;
     if (auto *text = value("ExecInfo")) settings.execInfoState = *text;
     if (auto *text = value("FailPattern")) settings.failPattern = *text;

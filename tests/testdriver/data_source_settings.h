@@ -8,6 +8,8 @@
 //                            blank, "none" the empty text
 //   SchemaUsage=0x1d         SQLGetInfo(SQL_SCHEMA_USAGE), decimal or 0x hex
 //   PrimaryKeys=0            SQLGetFunctions says SQLPrimaryKeys is missing
+//   PrimaryKeyName=PK_T      SQLPrimaryKeys names every key so (PK_NAME), as servers
+//                            that name key constraints do; SQLite leaves it null
 //   ConnectInfo=01S02        connecting succeeds with info and this SQLSTATE
 //   ExecInfo=01S02           every successful execution succeeds with info
 //   FailPattern=DROP TABLE   statements containing this text (any letter case) fail
@@ -30,6 +32,7 @@ struct DataSourceSettings {
     std::optional<std::string> quoteChar;
     std::optional<SQLUINTEGER> schemaUsage;
     bool primaryKeys = true;
+    std::string primaryKeyName;
     std::string connectInfoState;
     std::string execInfoState;
     std::string failPattern;
