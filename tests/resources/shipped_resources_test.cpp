@@ -2,6 +2,7 @@
 // family headers name, the languages agree on every id, button set and insert, and
 // the dialogs the code opens hold the controls it drives, laid out inside their frames.
 #include "admin/resource_ids.h"
+#include "admin/table_admin/resource_ids.h"
 #include "catalog/resource_ids.h"
 #include "core/resource_ids.h"
 #include "ostrel_ui.h"
@@ -111,6 +112,13 @@ const std::vector<Family> &families() {
          idsOf(query::kMessage), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
+        {"admin/table_admin/resource_ids.h",
+         {joined(idsOf(tabra::admin::table_admin::ids::kTableAdminDialog), {IDOK}),
+          joined(idsOf(tabra::admin::table_admin::ids::kAddColumnDialog), {IDOK, IDCANCEL}),
+          joined(idsOf(tabra::admin::table_admin::ids::kAddAutoIncrementDialog), {IDOK, IDCANCEL}),
+          joined(idsOf(tabra::admin::table_admin::ids::kAddPrimaryKeyDialog), {IDOK, IDCANCEL})},
+         idsOf(tabra::admin::table_admin::ids::kString), idsOf(tabra::admin::table_admin::ids::kMessage),
+         idsOf(tabra::admin::table_admin::ids::kMenu)},
     };
     return all;
 }
