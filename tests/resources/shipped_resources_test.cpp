@@ -2,6 +2,7 @@
 // family headers name, the languages agree on every id, button set and insert, and
 // the dialogs the code opens hold the controls it drives, laid out inside their frames.
 #include "admin/resource_ids.h"
+#include "admin/sql_performer/resource_ids.h"
 #include "admin/table_admin/resource_ids.h"
 #include "catalog/resource_ids.h"
 #include "core/resource_ids.h"
@@ -112,6 +113,11 @@ const std::vector<Family> &families() {
          idsOf(query::kMessage), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
+        {"admin/sql_performer/resource_ids.h",
+         {idsOf(tabra::admin::sql_performer::ids::kRecordPerformerDialog),
+          idsOf(tabra::admin::sql_performer::ids::kConnectionPerformerDialog),
+          idsOf(tabra::admin::sql_performer::ids::kSqlHelpDialog)},
+         idsOf(tabra::admin::sql_performer::ids::kString), {}, {}},
         {"admin/table_admin/resource_ids.h",
          {joined(idsOf(tabra::admin::table_admin::ids::kTableAdminDialog), {IDOK}),
           joined(idsOf(tabra::admin::table_admin::ids::kAddColumnDialog), {IDOK, IDCANCEL}),
@@ -188,6 +194,9 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
     constexpr uint32_t readOnly = ES_READONLY, multiLine = ES_MULTILINE | ES_READONLY;
     const auto &error = kErrorDialog;
     const auto &combined = kDataSourceAndSchemaDialog;
+    const auto &performer = tabra::admin::sql_performer::ids::kRecordPerformerDialog;
+    const auto &heldPerformer = tabra::admin::sql_performer::ids::kConnectionPerformerDialog;
+    const auto &sqlHelp = tabra::admin::sql_performer::ids::kSqlHelpDialog;
     const struct {
         int32_t dialog;
         std::vector<int32_t> controls;
@@ -207,6 +216,12 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
         {combined.id, {combined.dataSource, combined.user, combined.schema}, ControlKind::Edit, 0},
         {combined.id, {combined.password}, ControlKind::Edit, ES_PASSWORD},
         {combined.id, {combined.chooseDataSource, combined.chooseSchema, IDOK, IDCANCEL}, ControlKind::PushButton, 0},
+        {performer.id, {performer.statement}, ControlKind::Edit, ES_MULTILINE | ES_WANTRETURN},
+        {performer.id, {performer.dataSource}, ControlKind::Edit, ES_READONLY},
+        {performer.id, {performer.history}, ControlKind::ListBox, 0},
+        {heldPerformer.id, {heldPerformer.statement}, ControlKind::Edit, ES_MULTILINE | ES_WANTRETURN},
+        {heldPerformer.id, {heldPerformer.history}, ControlKind::ListBox, 0},
+        {sqlHelp.id, {sqlHelp.examples}, ControlKind::ListBox, 0},
     };
     const ResourceTables &tables = shipped(GetParam());
     for (const auto &e : expected) {
