@@ -7,11 +7,13 @@
 
 #ifdef TABRA_WITH_GTK
 
+#include "core/module/module_state.h"
 #include "platform/gtk/gtk_automation.h"
 #include "platform/gtk/gtk_session.h"
 #include "platform/resources/resource_module.h"
 #include "platform/resources/resource_script_file.h"
 #include "platform/window/renderer_selection.h"
+#include "support/scoped_environment.h"
 #include "tabra_window.h"
 
 #include <gtest/gtest.h>
@@ -22,6 +24,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -59,6 +62,21 @@ inline HMODULE englishResources() {
     static HMODULE module = loadShippedResources("en");
     return module;
 }
+
+// Loads the resource library of a language for one scope, and the usual one after it.
+class ScopedLanguage {
+public:
+    explicit ScopedLanguage(const std::string &language) : variable_(std::in_place, "ZUL_LANGUAGE", language.c_str()) {
+        module::moduleEntryPoint(module::ProcessAttach);
+    }
+    ~ScopedLanguage() {
+        variable_.reset();
+        module::moduleEntryPoint(module::ProcessAttach);
+    }
+
+private:
+    std::optional<ScopedEnvironmentVariable> variable_;
+};
 
 // Runs every test on the GTK renderer, or skips it when there is no display. A test
 // that hangs (a window nobody answers) ends the process after a minute rather than at

@@ -14,29 +14,12 @@
 #include "support/scoped_environment.h"
 #include "tabra_admin.h"
 
-#include <optional>
-
 namespace tabra::test {
 namespace {
 
 using admin::sql_performer::ids::kRecordPerformerDialog;
 using admin::sql_performer::ids::kSqlHelpDialog;
 namespace automation = gtk::automation;
-
-// Loads the resource library of a language for one scope, and the usual one after it.
-class ScopedLanguage {
-public:
-    explicit ScopedLanguage(const std::string &language) : variable_(std::in_place, "ZUL_LANGUAGE", language.c_str()) {
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-    ~ScopedLanguage() {
-        variable_.reset();
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-
-private:
-    std::optional<ScopedEnvironmentVariable> variable_;
-};
 
 int rowCount(GtkWidget *list) { return gtk_tree_model_iter_n_children(gtk_tree_view_get_model(GTK_TREE_VIEW(list)), nullptr); }
 
