@@ -70,6 +70,13 @@ inline void readAvailableColumns(HWND dialog, void *columns) {
     }
 }
 
+// A statement without its identifier quotes, to compare with what it should say
+// whichever names the database wants quoted.
+inline std::u16string unquoted(std::u16string statement) {
+    std::erase_if(statement, [](char16_t c) { return c == u'"' || c == u'`'; });
+    return statement;
+}
+
 // A string of the library's resource library, as its dialogs show it.
 inline std::u16string resourceText(int32_t id) {
     char16_t text[1000] = {};

@@ -93,10 +93,8 @@ TEST_F(TableAdminTestDriverTest, EachClassicDatabaseGetsItsStatementOrItsRefusal
         EXPECT_EQ(run.pending(), 0);
 
         std::vector<std::u16string> changes;
-        for (std::u16string statement : hook.statements) {
-            std::erase(statement, u'"');
-            if (statement.starts_with(u"ALTER")) changes.push_back(statement);
-        }
+        for (const std::u16string &statement : hook.statements)
+            if (statement.starts_with(u"ALTER")) changes.push_back(unquoted(statement));
         EXPECT_EQ(changes, c.statement ? std::vector<std::u16string>{c.statement} : std::vector<std::u16string>{});
         EXPECT_EQ(queryValue(connection, u"SELECT Count(*) FROM pragma_table_info('t')"), u"2") << "nothing ran";
     }
