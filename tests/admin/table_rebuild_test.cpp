@@ -2,6 +2,7 @@
 // keeps every row, index, trigger and reference; a conflicting row, a failure in the
 // middle (the test driver) or a statement the hook declines leaves the database
 // exactly as it was, settings included.
+#include "admin/table_admin/resource_ids.h"
 #include "admin/table_admin/table_rebuild.h"
 #include "catalog/catalog_test_support.h"
 #include "core/resource_ids.h"
@@ -40,6 +41,7 @@ struct Case {
     const char16_t *keyAfter = u"";     // the key's columns after a success
     Attributes source = {};             // test-driver settings
     const char16_t *declineAt = u"";    // the hook declines the statement starting so
+    bool manualCommit = false;          // the connection holds its own transaction open
 };
 
 const Case kCases[] = {
@@ -52,6 +54,7 @@ const Case kCases[] = {
     {"the user declines the drop of the old table", Change::AddAutoIncrement, RebuildResult::Refused, u"", {},
      u"DROP TABLE"},
     {"a parent's key that a child's reference needs", Change::DropParentKey, RebuildResult::Failed},
+    {"a connection in manual-commit mode", Change::AddKey, RebuildResult::Failed, u"", {}, u"", true},
 };
 
 class TableRebuildTestDriverTest : public TestDriverTest {};
@@ -84,7 +87,12 @@ TEST_F(TableRebuildTestDriverTest, KeepsRowsIndexesTriggersAndReferencesOrNothin
         const auto parents = queryRows(connection, u"SELECT * FROM parent ORDER BY id");
 
         ScriptedRun run;
-        if (c.expected == RebuildResult::Failed) run.queue(click(kErrorDialog.id, IDOK));
+        if (c.manualCommit) {
+            SQLSetConnectAttrW(connection.handle(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF), 0);
+            run.queue(answer(admin::table_admin::ids::kMessage.rebuildNeedsAutocommit, "ok"));
+        } else if (c.expected == RebuildResult::Failed) {
+            run.queue(click(kErrorDialog.id, IDOK));
+        }
         DecliningHook hook(c.declineAt);
         const char16_t *table = c.change == Change::DropParentKey ? u"parent" : u"t";
         auto result = admin::table_admin::rebuildTable(connection.handle(), table, [&](TableDefinition &definition) {
