@@ -13,6 +13,7 @@
 #include "tabra_catalog.h"
 #include "tabra_rowset.h"
 #include "tabra_systable.h"
+#include "tabra_wizards.h"
 #include "tabra_admin.h"
 
 #endif

@@ -10,9 +10,11 @@
 #include "core/module/module_state.h"
 #include "platform/gtk/gtk_automation.h"
 #include "platform/gtk/gtk_session.h"
+#include "platform/gtk/label_text.h"
 #include "platform/resources/resource_module.h"
 #include "platform/resources/resource_script_file.h"
 #include "platform/window/renderer_selection.h"
+#include "platform/window/window_registry.h"
 #include "support/scoped_environment.h"
 #include "tabra_window.h"
 
@@ -77,6 +79,38 @@ public:
 private:
     std::optional<ScopedEnvironmentVariable> variable_;
 };
+
+// A label may be a few pixels taller than its rectangle (GTK's line height exceeds the
+// font height the dialog units come from), not a line taller.
+inline constexpr int kLabelHeightSlack = 5;
+
+// Checks the texts of a dialog's (or page's) visible controls against their rectangles:
+// a label that needs a line more than it has room for, or a button too narrow for its
+// caption, is a layout fault of the template or of the renderer's sizes.
+inline void expectTextsFit(HWND dialog, const std::string &where) {
+    auto window = window::findWindow(dialog);
+    ASSERT_NE(window, nullptr);
+    for (HWND child : window->children) {
+        auto control = window::findWindow(child);
+        GtkWidget *widget = control ? gtk::automation::widgetOf(child) : nullptr;
+        if (!widget || !control->visible || control->text.empty()) continue;
+        std::string name = where + " control " + std::to_string(control->id) + " \"" + gtk::utf8(control->text) + "\"";
+        GtkAllocation area;
+        gtk_widget_get_allocation(widget, &area);
+        if (GTK_IS_LABEL(widget)) {
+            int needed = 0;
+            gtk_widget_get_preferred_height_for_width(widget, area.width, &needed, nullptr);
+            int given = gtk_widget_get_allocated_height(widget);
+            GtkRequisition requested;
+            gtk_widget_get_size_request(widget, &requested.width, &requested.height);
+            EXPECT_LE(needed, requested.height + kLabelHeightSlack) << name << " needs " << needed << " pixels, has " << given;
+        } else if (GTK_IS_BUTTON(widget) && !GTK_IS_FRAME(widget)) {
+            int natural = 0;
+            gtk_widget_get_preferred_width(widget, nullptr, &natural);
+            EXPECT_LE(natural, area.width) << name << " wants " << natural << " pixels across, has " << area.width;
+        }
+    }
+}
 
 // Runs every test on the GTK renderer, or skips it when there is no display. A test
 // that hangs (a window nobody answers) ends the process after a minute rather than at

@@ -40,18 +40,21 @@ TEST_P(GtkRendererTableAdmin, ShowsTheColumnsAndTheDialogsOfEachChange) {
                  main = shown.handle;
                  EXPECT_EQ(rowCount(widgetOf(main, ids::kTableAdminDialog.columns)), 5);
                  saveScreenshot(shown.window, "table-admin-" + GetParam());
+                 expectTextsFit(main, "table administration");
                  clickControl(main, ids::kTableAdminDialog.addColumn);
              },
              [&](const automation::Shown &shown) {
                  ASSERT_EQ(shown.id, ids::kAddColumnDialog.id);
                  SetDlgItemTextW(shown.handle, ids::kAddColumnDialog.name, u"Notes");
                  saveScreenshot(shown.window, "table-admin-add-column-" + GetParam());
+                 expectTextsFit(shown.handle, "add column");
                  next(shown.handle, ids::kTableAdminDialog.addAutoIncrement);
              },
              [&](const automation::Shown &shown) {
                  ASSERT_EQ(shown.id, ids::kAddAutoIncrementDialog.id);
                  SetDlgItemTextW(shown.handle, ids::kAddAutoIncrementDialog.name, u"Nr");
                  saveScreenshot(shown.window, "table-admin-add-auto-increment-" + GetParam());
+                 expectTextsFit(shown.handle, "add auto-increment column");
                  next(shown.handle, ids::kTableAdminDialog.addPrimaryKey);
              },
              [&](const automation::Shown &shown) {
@@ -64,6 +67,7 @@ TEST_P(GtkRendererTableAdmin, ShowsTheColumnsAndTheDialogsOfEachChange) {
                      later(300, [&, dialog, window] {
                          EXPECT_EQ(rowCount(widgetOf(dialog, ids::kAddPrimaryKeyDialog.chosen)), 1);
                          saveScreenshot(window, "table-admin-add-primary-key-" + GetParam());
+                         expectTextsFit(dialog, "add primary key");
                          next(dialog, IDOK);
                      });
                  });

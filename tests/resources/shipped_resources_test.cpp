@@ -12,6 +12,7 @@
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
+#include "wizards/records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
 #include <gtest/gtest.h>
@@ -77,13 +78,18 @@ std::vector<int32_t> joined(std::vector<int32_t> first, const std::vector<int32_
     return first;
 }
 
+// The controls of the rows of a row table.
+std::vector<int32_t> rowControls(const ConditionRow *rows) {
+    std::vector<int32_t> controls;
+    for (const ConditionRow *row = rows; row->column > 0; ++row)
+        if (row->column > 1) controls.insert(controls.end(), {row->column, row->operation, row->value});
+    return controls;
+}
+
 // The condition rows of the selection dialog are controls of it too.
 std::vector<int32_t> selectionRowControls() {
     constexpr ConditionRow rows[] = TABRA_SELECTION_DIALOG_ROWS;
-    std::vector<int32_t> controls;
-    for (const ConditionRow &row : rows)
-        if (row.column > 1) controls.insert(controls.end(), {row.column, row.operation, row.value});
-    return controls;
+    return rowControls(rows);
 }
 
 // What a family header names: each dialog as its template id followed by its
@@ -97,6 +103,7 @@ struct Family {
 const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
+    namespace records = tabra::wizards::records::ids;
     std::vector<int32_t> fileErrors;
     for (int32_t code = OSTREL_FILE_ERROR_ACCESS; code <= OSTREL_FILE_ERROR_OTHER; ++code)
         fileErrors.push_back(OSTREL_FILE_ERROR_STRINGS + code);
@@ -113,6 +120,13 @@ const std::vector<Family> &families() {
          idsOf(query::kMessage), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
+        {"wizards/records/resource_ids.h",
+         {idsOf(records::kDeleteTablePage), idsOf(records::kUpdateTablePage),
+          joined(idsOf(records::kDeleteConditionPage), rowControls(records::kConditionRows)),
+          joined(idsOf(records::kUpdateConditionPage), rowControls(records::kConditionRows)),
+          joined(idsOf(records::kAssignmentPage), rowControls(records::kAssignmentRows)), idsOf(records::kSummaryPage),
+          idsOf(records::kConfirmationPage), idsOf(records::kResultPage)},
+         idsOf(records::kString), idsOf(records::kMessage), {}},
         {"admin/sql_performer/resource_ids.h",
          {idsOf(tabra::admin::sql_performer::ids::kRecordPerformerDialog),
           idsOf(tabra::admin::sql_performer::ids::kConnectionPerformerDialog),
