@@ -80,6 +80,7 @@ constexpr std::array kRows = {
         .alterTableAddsKeyColumn = false,       // "Cannot add a PRIMARY KEY column"
         .addPrimaryKeyStatement = nullptr,      // no ALTER TABLE for keys at all
         .dropPrimaryKeyStatement = nullptr,
+        .rebuildsTableForKeys = true,           // the documented table rebuild instead
         .columnSuffix = kOwnKindSuffix,
         .typePatterns = {},
         .copyStructureStatement = kCreateAsStructure, .copyKeepsColumnTypes = false,

@@ -33,6 +33,8 @@
 //   tableCopyAllowed() false       1642 in the create table wizard, 1643 in the chooser
 //   dropPrimaryKeyStatement null   1648 (table administration)
 //   addPrimaryKeyStatement null    1642 (table administration)
+// except where rebuildsTableForKeys is set: the table administration rebuilds the table
+// for those key changes instead of refusing them.
 #pragma once
 
 #include "tabra_connection.h"
@@ -100,6 +102,11 @@ struct Capabilities {
     //   "ALTER TABLE %t DROP CONSTRAINT %f" (PostgreSQL), "ALTER TABLE %t DROP %f"
     //   (DbSqlServer).
     const char16_t *dropPrimaryKeyStatement = nullptr;
+    // Whether the table administration makes the key changes the fields above refuse
+    // (add or drop a primary key, add an auto-increment key column) by rebuilding the
+    // table instead: a new table with the changed definition, the rows copied, the old
+    // one replaced, in one transaction (admin/table_admin/table_rebuild.h). SQLite.
+    bool rebuildsTableForKeys = false;
     // The column suffix per column kind; use suffixFor(). On a classic row all kinds
     // have the same suffix (or none: DbAccess, DbExcel).
     ColumnSuffixes columnSuffix;

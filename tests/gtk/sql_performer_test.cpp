@@ -14,8 +14,6 @@
 #include "support/scoped_environment.h"
 #include "tabra_admin.h"
 
-#include <optional>
-
 namespace tabra::test {
 namespace {
 

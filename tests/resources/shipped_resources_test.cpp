@@ -5,6 +5,7 @@
 #include "admin/resource_ids.h"
 #include "admin/sql_performer/resource_ids.h"
 #include "admin/table_name/resource_ids.h"
+#include "admin/table_admin/resource_ids.h"
 #include "catalog/resource_ids.h"
 #include "core/resource_ids.h"
 #include "ostrel_ui.h"
@@ -161,6 +162,13 @@ const std::vector<Family> &families() {
          idsOf(createTable::kString), {}, {}},
         {"admin/driver_info/resource_ids.h", {idsOf(driverInfo::kDriverInfoDialog)}, idsOf(driverInfo::kString), {}, {}},
         {"admin/table_name/resource_ids.h", {idsOf(tableName::kTableNameDialog)}, {}, idsOf(tableName::kMessage), {}},
+        {"admin/table_admin/resource_ids.h",
+         {joined(idsOf(tabra::admin::table_admin::ids::kTableAdminDialog), {IDOK}),
+          joined(idsOf(tabra::admin::table_admin::ids::kAddColumnDialog), {IDOK, IDCANCEL}),
+          joined(idsOf(tabra::admin::table_admin::ids::kAddAutoIncrementDialog), {IDOK, IDCANCEL}),
+          joined(idsOf(tabra::admin::table_admin::ids::kAddPrimaryKeyDialog), {IDOK, IDCANCEL})},
+         idsOf(tabra::admin::table_admin::ids::kString), idsOf(tabra::admin::table_admin::ids::kMessage),
+         idsOf(tabra::admin::table_admin::ids::kMenu)},
     };
     return all;
 }

@@ -28,7 +28,7 @@ std::string trimmed(std::string_view text) {
 using Attributes = std::map<std::string, std::string>;
 
 const char *const settingKeys[] = {"DBMSName",    "DBMSVersion", "QuoteChar",   "SchemaUsage",
-                                   "IdentifierCase", "Keywords", "PrimaryKeys", "ConnectInfo",
+                                   "IdentifierCase", "Keywords", "PrimaryKeys", "PrimaryKeyName", "ConnectInfo",
                                    "ExecInfo",    "FailPattern", "FailState",   "FailMessage",
                                    "NoRowsNoData"};
 
@@ -90,6 +90,7 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
         settings.identifierCase = static_cast<SQLUSMALLINT>(std::strtoul(text->c_str(), nullptr, 10));
     if (auto *text = value("Keywords")) settings.keywords = *text;
     if (auto *text = value("PrimaryKeys")) settings.primaryKeys = std::strtol(text->c_str(), nullptr, 10) != 0;
+    if (auto *text = value("PrimaryKeyName")) settings.primaryKeyName = *text;
     if (auto *text = value("ConnectInfo")) settings.connectInfoState = *text;
     if (auto *text = value("ExecInfo")) settings.execInfoState = *text;
     if (auto *text = value("FailPattern")) settings.failPattern = *text;

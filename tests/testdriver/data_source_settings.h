@@ -10,6 +10,8 @@
 //   IdentifierCase=1         SQLGetInfo(SQL_IDENTIFIER_CASE) (1 upper, 2 lower, 3, 4)
 //   Keywords=ALPHA,BETA      SQLGetInfo(SQL_KEYWORDS)
 //   PrimaryKeys=0            SQLGetFunctions says SQLPrimaryKeys is missing
+//   PrimaryKeyName=PK_T      SQLPrimaryKeys names every key so (PK_NAME), as servers
+//                            that name key constraints do; SQLite leaves it null
 //   ConnectInfo=01S02        connecting succeeds with info and this SQLSTATE
 //   ExecInfo=01S02           every successful execution succeeds with info
 //   FailPattern=DROP TABLE   statements containing this text (any letter case) fail
@@ -38,6 +40,7 @@ struct DataSourceSettings {
     std::optional<SQLUSMALLINT> identifierCase;
     std::optional<std::string> keywords;
     bool primaryKeys = true;
+    std::string primaryKeyName;
     std::string connectInfoState;
     std::string execInfoState;
     std::string failPattern;

@@ -123,10 +123,6 @@ TABRA_FORWARD(SQLParamData, (StatementHandle), (SQLHSTMT StatementHandle, SQLPOI
               (StatementHandle, Value))
 TABRA_FORWARD(SQLParamOptions, (hstmt), (SQLHSTMT hstmt, SQLULEN crow, SQLULEN *pirow), (hstmt, crow,
               pirow))
-TABRA_FORWARD(SQLPrimaryKeys, (hstmt), (SQLHSTMT hstmt, SQLCHAR *szCatalogName, SQLSMALLINT cbCatalogName,
-              SQLCHAR *szSchemaName, SQLSMALLINT cbSchemaName, SQLCHAR *szTableName,
-              SQLSMALLINT cbTableName), (hstmt, szCatalogName, cbCatalogName, szSchemaName, cbSchemaName,
-              szTableName, cbTableName))
 TABRA_FORWARD(SQLProcedureColumns, (hstmt), (SQLHSTMT hstmt, SQLCHAR *szCatalogName,
               SQLSMALLINT cbCatalogName, SQLCHAR *szSchemaName, SQLSMALLINT cbSchemaName,
               SQLCHAR *szProcName, SQLSMALLINT cbProcName, SQLCHAR *szColumnName, SQLSMALLINT cbColumnName),
