@@ -6,6 +6,8 @@
 #include <sql.h>
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace tabra::catalog {
 
@@ -19,5 +21,10 @@ int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *ta
 // quietly when the new name is taken. TABRA_RENAME_WAIT_NOTICE shows the wait notice
 // while the copy runs. 1 renamed, 2 not.
 int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t *newName, uint8_t flags);
+
+// Tabra_CreateUniqueTableName: the wanted name when it is not empty and no table or view
+// of the table list has it, else name_1, name_2, ... as a buffer of capacity characters
+// holds it.
+std::u16string uniqueTableName(SQLHDBC connection, std::u16string_view wanted, int32_t capacity);
 
 } // namespace tabra::catalog

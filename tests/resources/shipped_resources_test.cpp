@@ -10,6 +10,7 @@
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
+#include "wizards/import/resource_ids.h"
 #include "wizards/resource_ids.h"
 
 #include <gtest/gtest.h>
@@ -95,6 +96,7 @@ struct Family {
 const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
+    namespace importing = tabra::wizards::importing::ids;
     std::vector<int32_t> fileErrors;
     for (int32_t code = OSTREL_FILE_ERROR_ACCESS; code <= OSTREL_FILE_ERROR_OTHER; ++code)
         fileErrors.push_back(OSTREL_FILE_ERROR_STRINGS + code);
@@ -110,6 +112,12 @@ const std::vector<Family> &families() {
          joined(idsOf(query::kString), joined(idsOf(query::kOperatorLabel), idsOf(query::kDesignerLabel))),
          idsOf(query::kMessage), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
+        {"wizards/import/resource_ids.h",
+         {idsOf(importing::kSourceKindPage), idsOf(importing::kTextFilePage), idsOf(importing::kSelectionFilePage),
+          idsOf(importing::kSdiFilePage), idsOf(importing::kDataSourcePage), idsOf(importing::kSourceTablePage),
+          idsOf(importing::kMappingPage), idsOf(importing::kDestinationPage), idsOf(importing::kClosingPage),
+          idsOf(importing::kFieldDialog)},
+         idsOf(importing::kString), idsOf(importing::kMessage), {importing::kFieldMenu.id}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
     };
     return all;
@@ -158,6 +166,8 @@ TEST_P(ShippedLanguage, MessagesKeepTheirInsertsAndButtons) {
         {core::kMessage.fileNotOpened, MB_OK, true},
         {core::kMessage.unbalancedParenthesis, MB_OK, true},
         {tabra::wizards::ids::kMessage.tableWithoutColumns, MB_OK, true},
+        {tabra::wizards::importing::ids::kMessage.stoppedAtRecord, MB_OK, true},
+        {tabra::wizards::importing::ids::kMessage.valueNotConverted, MB_OK, true},
         {tabra::catalog::ids::kMessage.confirmDropTable, MB_YESNO, true},
         {admin::kMessage.confirmDropView, MB_YESNO, true},
         {admin::kMessage.confirmDropColumn, MB_YESNOCANCEL, true},
