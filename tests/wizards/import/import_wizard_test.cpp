@@ -71,6 +71,48 @@ TEST_P(ImportWizardTest, TextFilesArriveValueByValue) {
     }
 }
 
+// An SDI file: FORMAT tokens give the types (FORMAT=D is too short to count), the
+// converter turns the kind and number pairs into one column per kind. A selection
+// file: its values trimmed, its numbers with the decimal comma.
+TEST_P(ImportWizardTest, SdiAndSelectionFilesArriveValueByValue) {
+    const std::string sdi = "sdi\r\nhead\r\nhead\r\nhead\r\n9\r\nadr.name\r\nadr.born FORMAT=DT\r\n"
+                            "code FORMAT=D\r\nnum FORMAT=NG\r\namount FORMAT=N2\r\nKo_Name1\r\nKo_Nummer1\r\n"
+                            "ko_name12 X\r\nKo_Nummer12\r\nend of header\r\n"
+                            "M\xC3\xBCller\t1999-12-31\tD-1\t42\t3,5\tTelefax\t0711 1\ttelefon\t0711 2\r\n"
+                            "O'Neil\t\t\t\t\tHandy\t0170\tHANDY\t0171\r\n";
+    const std::string selection = "Addresses\r\n3,2\r\nname\r\ncity\r\namount\r\nO'Neil\r\nK\xC3\xB6ln\r\n1,5\r\n"
+                                  "  \xC3\x9Cnal \t\r\n\r\n -2,25 \r\n";
+    struct FileCase {
+        const char *name;
+        std::vector<std::string> lines;
+        std::u16string select;
+        std::vector<Row> expected;
+    };
+    const FileCase cases[] = {
+        {"SdiWithConverter",
+         fileSource(ids::kSourceKindPage.sdiFile, ids::kSdiFilePage.id, writeFile("a.sdi", sdi)) +
+             std::vector<std::string>{check(ids::kSdiFilePage.id, ids::kSdiFilePage.converter),
+                                      next(ids::kSdiFilePage.id)},
+         u"SELECT name, born, code, num, amount, telefon, handy, telefax, email, telefon_privat FROM imported",
+         {row({u"Müller", u"1999-12-31 00:00:00", u"D-1", u"42", u"3.5", u"0711 2", {}, u"0711 1", {}, {}}),
+          row({u"O'Neil", {}, {}, {}, {}, {}, u"0171", {}, {}, {}})}},
+        {"Selection",
+         fileSource(ids::kSourceKindPage.selectionFile, ids::kSelectionFilePage.id, writeFile("a.sel", selection)) +
+             std::vector<std::string>{next(ids::kSelectionFilePage.id)} + columnType(2, "Number"),
+         u"SELECT name, city, amount FROM imported",
+         {row({u"O'Neil", u"Köln", u"1.5"}), row({u"Ünal", {}, u"-2.25"})}},
+    };
+    for (const FileCase &c : cases) {
+        SCOPED_TRACE(c.name);
+        executeSql(*connection_, u"DROP TABLE IF EXISTS imported");
+        ScriptedRun run;
+        ASSERT_EQ(play(c.lines + intoTable(u"imported"), run), 1) << run.report();
+        auto imported = rows(c.select);
+        std::sort(imported.begin(), imported.end());
+        EXPECT_EQ(imported, c.expected);
+    }
+}
+
 // A row the database refuses stops the import with its record number; an abort stops
 // it too. The rows before are in the table either way.
 TEST_P(ImportWizardTest, FailureAndAbortKeepTheRowsBefore) {
