@@ -113,6 +113,35 @@ TEST_P(ImportWizardTest, SdiAndSelectionFilesArriveValueByValue) {
     }
 }
 
+// A table of another data source (SQLite into the servers, MariaDB into SQLite): the
+// columns keep their types, the values arrive as they were.
+TEST_P(ImportWizardTest, TableOfAnotherDataSource) {
+    const Backend from = backend() == Backend::SQLite ? Backend::MariaDB : Backend::SQLite;
+    std::optional<DataSource> source = configuredDataSource(from);
+    if (!source) GTEST_SKIP() << backendName(from) << " not configured";
+    {
+        OdbcConnection other(*source);
+        executeSql(other, u"DROP TABLE IF EXISTS src_people");
+        executeSql(other, u"CREATE TABLE src_people (id INTEGER, name VARCHAR(40), amount DOUBLE PRECISION, born DATE)");
+        executeSql(other, u"INSERT INTO src_people VALUES (1, 'O''Neil', 12.5, '1999-12-31'), (2, 'Müller', NULL, NULL)");
+    }
+    constexpr auto &kSources = ids::kDataSourcePage;
+    constexpr auto &kTables = ids::kSourceTablePage;
+    ScriptedRun run;
+    int32_t result = play(std::vector<std::string>{check(ids::kSourceKindPage.id, ids::kSourceKindPage.table), next(ids::kSourceKindPage.id),
+                           onDialog(kSources.id, "select", kSources.dataSources, tabra::test::quoted(source->name)),
+                           set(kSources.id, kSources.user, source->user),
+                           set(kSources.id, kSources.password, source->password), next(kSources.id),
+                           onDialog(kTables.id, "select", kTables.tables, tabra::test::quoted(u"src_people")), next(kTables.id)} +
+                              intoTable(u"imported"),
+                          run);
+    ASSERT_EQ(result, 1) << run.report();
+    auto imported = rows(u"SELECT id, name, amount, born FROM imported");
+    std::sort(imported.begin(), imported.end());
+    EXPECT_EQ(imported, (std::vector<Row>{row({u"1", u"O'Neil", u"12.5", u"1999-12-31 00:00:00"}),
+                                          row({u"2", u"Müller", {}, {}})}));
+}
+
 // A row the database refuses stops the import with its record number; an abort stops
 // it too. The rows before are in the table either way.
 TEST_P(ImportWizardTest, FailureAndAbortKeepTheRowsBefore) {
