@@ -8,8 +8,20 @@
 #include "platform/window/focus.h"
 #include "platform/window/window_registry.h"
 
+#include <algorithm>
+
 namespace tabra::gtk {
 namespace {
+
+// A wrapping label asks for the width of its whole text on one line, which would widen
+// the dialog around it: its natural width is kept to the template's width instead.
+void limitLabelWidth(GtkLabel *label, int width) {
+    PangoFontMetrics *metrics = pango_context_get_metrics(gtk_widget_get_pango_context(GTK_WIDGET(label)), nullptr, nullptr);
+    int character = std::max(pango_font_metrics_get_approximate_char_width(metrics),
+                             pango_font_metrics_get_approximate_digit_width(metrics));
+    pango_font_metrics_unref(metrics);
+    if (character > 0) gtk_label_set_max_width_chars(label, std::max(1, width * PANGO_SCALE / character));
+}
 
 using window::Window;
 using window::WindowKind;
@@ -132,6 +144,7 @@ void WidgetTree::buildControl(WidgetRecord &container, const Window &control) {
     int height = control.kind == WindowKind::ComboBox ? -1 : place.height;
     gtk_widget_set_size_request(record.outer, place.width, height);
     gtk_fixed_put(GTK_FIXED(container.fixed), record.outer, place.x, place.y);
+    if (GTK_IS_LABEL(record.inner)) limitLabelWidth(GTK_LABEL(record.inner), place.width);
     add(record);
     for (HWND child : control.children)
         if (auto page = window::findWindow(child); page && page->kind == WindowKind::Dialog) buildPage(*page);
