@@ -4,6 +4,7 @@
 #include "import_test_support.h"
 
 #include "core/resource_ids.h"
+#include "ostrel_hook.h"
 
 #include <algorithm>
 
@@ -177,6 +178,47 @@ TEST_P(ImportWizardTest, FailureAndAbortKeepTheRowsBefore) {
             EXPECT_NE(told[0].text.find(u" 4."), std::u16string::npos) << toUtf8(told[0].text);
         }
     }
+}
+
+// Every statement passes the statement hook. Rows share INSERTs unless the statement
+// display is on: then each row is a statement the user confirms, and a statement the
+// user cancels stops the import quietly with the rows before it kept.
+TEST_P(ImportWizardTest, StatementsPassTheHookOneRowEachWhenShown) {
+    auto file = writeFile("three.txt", "n\n1\n2\n3\n");
+    struct Display {
+        const char *name;
+        int32_t state;
+        std::vector<std::string> answers; // to the CREATE TABLE and each INSERT shown
+        size_t inserts, kept;
+    };
+    const Display displays[] = {
+        {"Off", 0, {}, 1, 3},
+        {"Shown", OSTREL_DUMP_SHOW_STATEMENTS, {"ok", "ok", "ok", "ok"}, 3, 3},
+        {"SecondRowCancelled", OSTREL_DUMP_SHOW_STATEMENTS, {"ok", "ok", "cancel"}, 2, 1},
+    };
+    static std::vector<std::u16string> seen;
+    Ostrel_SetStatementHook([](const char16_t *statement, void *) -> int32_t {
+        seen.emplace_back(statement);
+        return 1;
+    }, nullptr);
+    for (const Display &display : displays) {
+        SCOPED_TRACE(display.name);
+        executeSql(*connection_, u"DROP TABLE IF EXISTS imported");
+        seen.clear();
+        Ostrel_SetDumpState(display.state);
+        std::vector<std::string> lines = fileSource(ids::kSourceKindPage.textFile, kText.id, file) +
+                                         std::vector<std::string>{next(kText.id)} + intoTable(u"imported");
+        for (const std::string &answer : display.answers) lines.push_back("message: answer " + answer);
+        ScriptedRun run;
+        EXPECT_EQ(play(lines, run), 1) << run.report();
+        Ostrel_SetDumpState(-1);
+        EXPECT_FALSE(run.failed()) << run.report();
+        size_t inserts = 0;
+        for (const std::u16string &statement : seen) inserts += statement.starts_with(u"INSERT") ? 1 : 0;
+        EXPECT_EQ(inserts, display.inserts);
+        EXPECT_EQ(rows(u"SELECT n FROM imported").size(), display.kept);
+    }
+    Ostrel_SetStatementHook(nullptr, nullptr);
 }
 
 // A file that cannot be opened is named and the user stays on the page; names the
