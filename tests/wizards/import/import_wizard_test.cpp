@@ -252,6 +252,28 @@ TEST_P(ImportWizardTest, RefusedSourcesAndMappings) {
     }
 }
 
+// A file that is gone when the user finishes: message 1615 with its name, no table.
+TEST_P(ImportWizardTest, FileGoneAtFinishCreatesNoTable) {
+    static std::u16string file;
+    file = writeFile("gone.txt", "n\n1\n");
+    ScriptedRun run;
+    std::vector<std::string> lines = fileSource(ids::kSourceKindPage.textFile, kText.id, file) +
+                                     std::vector<std::string>{next(kText.id), next(ids::kMappingPage.id),
+                                                              set(ids::kDestinationPage.id,
+                                                                  ids::kDestinationPage.tableName, u"imported"),
+                                                              next(ids::kDestinationPage.id)};
+    for (const std::string &line : lines) run.queue(line);
+    run.queueCallback(ids::kClosingPage.id, [](HWND, void *) { std::remove(toUtf8(file).c_str()); }, nullptr);
+    run.queue(finish(ids::kClosingPage.id));
+    run.queue(answer(core::ids::kMessage.fileNotOpened, "ok"));
+    EXPECT_EQ(Tabra_ImportTableWizzard(connection_->handle(), nullptr, 0), 2);
+    EXPECT_FALSE(run.failed()) << run.report();
+    auto told = run.records(TABRA_RECORD_MESSAGE, core::ids::kMessage.fileNotOpened);
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_NE(told[0].text.find(file), std::u16string::npos);
+    EXPECT_ANY_THROW(rows(u"SELECT n FROM imported"));
+}
+
 TABRA_INSTANTIATE_BACKEND_TEST(ImportWizardTest);
 
 } // namespace
