@@ -3,8 +3,10 @@
 // before it, and the mapping checks keep the user on the page.
 #include "import_test_support.h"
 
+#include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "ostrel_hook.h"
+#include "ostrel_registry.h"
 
 #include <algorithm>
 
@@ -70,6 +72,28 @@ TEST_P(ImportWizardTest, TextFilesArriveValueByValue) {
         std::sort(imported.begin(), imported.end()); // NULLs sort differently on each database
         EXPECT_EQ(imported, c.expected);
     }
+}
+
+// Values that name files: each file's content (its trailing line ends removed) with
+// the appendix of the setting "ImportExpandFileAppendix"; a missing one stays NULL.
+TEST_P(ImportWizardTest, ValueFilesImportTheirContent) {
+    writeFile("letter1.txt", "Dear O'Neil,\r\nthank you.\r\n\r\n");
+    auto file = writeFile("letters.txt", "id\tdoc\n1\tletter1\n2\tmissing\n");
+    Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, u"Lumo", u"ImportExpandFileAppendix",
+                                 u".txt");
+    ScriptedRun run;
+    ASSERT_EQ(play(fileSource(ids::kSourceKindPage.textFile, kText.id, file) +
+                       std::vector<std::string>{next(kText.id),
+                                                onDialog(ids::kMappingPage.id, "doubleclick", ids::kMappingPage.fields, "#1"),
+                                                check(ids::kFieldDialog.id, ids::kFieldDialog.valueFiles),
+                                                click(ids::kFieldDialog.id, IDOK)} +
+                       intoTable(u"imported"),
+                   run),
+              1)
+        << run.report();
+    auto imported = rows(u"SELECT id, doc FROM imported");
+    std::sort(imported.begin(), imported.end());
+    EXPECT_EQ(imported, (std::vector<Row>{row({u"1", u"Dear O'Neil,\r\nthank you."}), row({u"2", {}})}));
 }
 
 // An SDI file: FORMAT tokens give the types (FORMAT=D is too short to count), the
