@@ -28,7 +28,7 @@ std::string trimmed(std::string_view text) {
 using Attributes = std::map<std::string, std::string>;
 
 const char *const settingKeys[] = {"DBMSName",   "DBMSVersion", "QuoteChar",   "SchemaUsage", "PrimaryKeys",
-                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState"};
+                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState",   "NoRowsNoData"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
     Attributes attributes;
@@ -89,6 +89,7 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     if (auto *text = value("ExecInfo")) settings.execInfoState = *text;
     if (auto *text = value("FailPattern")) settings.failPattern = *text;
     if (auto *text = value("FailState")) settings.failState = *text;
+    if (auto *text = value("NoRowsNoData")) settings.noRowsNoData = std::strtol(text->c_str(), nullptr, 10) != 0;
     return settings;
 }
 
@@ -105,6 +106,12 @@ bool DataSourceSettings::refusesStatement(const SQLCHAR *text, SQLINTEGER length
     if (failPattern.empty()) return false;
     std::string statement = upper(odbcString(text, length));
     return statement.find(upper(failPattern)) != std::string::npos;
+}
+
+bool DataSourceSettings::answersNoData(const SQLCHAR *text, SQLINTEGER length) const {
+    if (!noRowsNoData) return false;
+    std::string statement = upper(trimmed(odbcString(text, length)));
+    return statement.rfind("UPDATE", 0) == 0 || statement.rfind("DELETE", 0) == 0;
 }
 
 DataSourceSettings readDataSourceSettings(const std::string &dsn) {

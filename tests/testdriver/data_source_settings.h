@@ -12,6 +12,8 @@
 //   ExecInfo=01S02           every successful execution succeeds with info
 //   FailPattern=DROP TABLE   statements containing this text (any letter case) fail
 //   FailState=42000          ... with this SQLSTATE (default 42000)
+//   NoRowsNoData=1           an UPDATE or DELETE run directly that changes no row
+//                            answers SQL_NO_DATA, as ODBC 3 drivers do
 //
 // Everything else passes through to the SQLite3 driver unchanged (Database=, ...).
 #pragma once
@@ -34,9 +36,12 @@ struct DataSourceSettings {
     std::string execInfoState;
     std::string failPattern;
     std::string failState = "42000";
+    bool noRowsNoData = false;
 
     // True when statement text (of the given length, or SQL_NTS) matches failPattern.
     bool refusesStatement(const SQLCHAR *text, SQLINTEGER length) const;
+    // True when text is an UPDATE or DELETE whose "no rows" answer is SQL_NO_DATA.
+    bool answersNoData(const SQLCHAR *text, SQLINTEGER length) const;
 };
 
 // Reads the settings of data source `dsn` from odbc.ini (user, then system).
