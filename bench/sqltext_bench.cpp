@@ -1,7 +1,13 @@
 // Preparing names and formatting statements: the text work every statement of the
 // library goes through. With a connection each call asks the driver for its quote
-// character (nothing is cached), so the connected figures include that round trip;
-// the figures without a connection are the text work alone.
+// character, and for a plain name its identifier case and its keywords (nothing is
+// cached from call to call), so the connected figures include those round trips; the
+// figures without a connection are the text work alone.
+//
+// PrepareNameOnDataSource runs on the data source named by TABRA_BENCH_DSN (with
+// TABRA_BENCH_USER and TABRA_BENCH_PASSWORD; the servers of tools/dev-env.sh, e.g.
+// TABRA_BENCH_DSN=TabraTestMariaDB after sourcing BUILD/dev-env.sh) and is skipped
+// without it.
 #include "tabra_sqltext.h"
 
 #include <sql.h>
@@ -19,9 +25,22 @@
 
 namespace {
 
-// A connection to a private SQLite data source (the quote character is '"').
+std::u16string utf16(const char *text) { return std::u16string(text, text + std::char_traits<char>::length(text)); }
+
+// A connection to a private SQLite data source (the quote character is '"'), or to
+// the data source a benchmark names.
 class QuotingConnection {
 public:
+    QuotingConnection(const char *dataSource, const char *user, const char *password) {
+        std::setlocale(LC_CTYPE, "C.UTF-8");
+        SQLAllocEnv(&environment_);
+        SQLAllocConnect(environment_, &connection_);
+        std::u16string name = utf16(dataSource), login = utf16(user), secret = utf16(password);
+        auto orNull = [](std::u16string &text) { return text.empty() ? nullptr : reinterpret_cast<SQLWCHAR *>(text.data()); };
+        SQLRETURN rc = SQLConnectW(connection_, reinterpret_cast<SQLWCHAR *>(name.data()), SQL_NTS, orNull(login), SQL_NTS,
+                                   orNull(secret), SQL_NTS);
+        if (rc != SQL_SUCCESS && rc != SQL_SUCCESS_WITH_INFO) throw std::runtime_error("cannot connect");
+    }
     QuotingConnection() {
         std::setlocale(LC_CTYPE, "C.UTF-8");
         directory_ = std::filesystem::temp_directory_path() / ("tabra-bench-sqltext-" + std::to_string(getpid()));
@@ -75,6 +94,23 @@ void PrepareNameForSql92(benchmark::State &state) {
     }
 }
 BENCHMARK(PrepareNameForSql92);
+
+void PrepareNameOnDataSource(benchmark::State &state) {
+    const char *dataSource = std::getenv("TABRA_BENCH_DSN");
+    if (dataSource == nullptr) {
+        state.SkipWithError("TABRA_BENCH_DSN is not set");
+        return;
+    }
+    const char *user = std::getenv("TABRA_BENCH_USER"), *password = std::getenv("TABRA_BENCH_PASSWORD");
+    static QuotingConnection server(dataSource, user ? user : "", password ? password : "");
+    const char16_t *name = state.range(0) ? u"customers" : u"Order Details"; // plain, or quoted at once
+    char16_t out[300];
+    for (auto _ : state) {
+        Tabra_PrepareNameForSql92(server.handle(), name, out, 300, 0);
+        benchmark::DoNotOptimize(out[0]);
+    }
+}
+BENCHMARK(PrepareNameOnDataSource)->Arg(0)->Arg(1);
 
 void QuoteCharacterRoundTrip(benchmark::State &state) {
     // The driver call alone, for comparison with the preparation above.

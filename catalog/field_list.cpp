@@ -141,10 +141,14 @@ std::optional<std::u16string> fieldList(SQLHDBC connection, const char16_t *tabl
                     qualifyName(records[j]);
                 }
     }
-    if (flags & TABRA_FIELDS_QUOTE)
-        for (auto &record : records)
-            OstrelCopyString(record.name, sqltext::prepareNameForSql92(connection, record.name, kNameCapacity).c_str(),
-                             kNameCapacity);
+    if (flags & TABRA_FIELDS_QUOTE) {
+        sqltext::BareNameRules rules(connection);
+        std::u16string prepared;
+        for (auto &record : records) {
+            sqltext::prepareNameForSql92(connection, record.name, kNameCapacity, prepared, rules);
+            OstrelCopyString(record.name, prepared.c_str(), kNameCapacity);
+        }
+    }
 
     // Writing: an entry that does not fit is skipped; a later, shorter one may fit.
     // The bound counts the separator twice and the type text even without the type.

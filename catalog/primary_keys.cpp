@@ -2,7 +2,7 @@
 // key's name. A driver without a primary-key catalog gives the failure value quietly.
 #include "catalog/primary_keys.h"
 
-#include "core/connection/connection_info.h"
+#include "core/connection/capabilities.h"
 #include "core/odbc/bound_column.h"
 #include "core/odbc/odbc_text.h"
 #include "core/odbc/statement_runner.h"
@@ -30,7 +30,7 @@ bool runPrimaryKeys(SQLHDBC connection, const char16_t *table, StatementRunner &
     if (statement.allocate() != RunResult::Done) return false;
     char16_t name[kNameCapacity];
     OstrelCopyString(name, table, kNameCapacity);
-    if (tabra::connection::databaseType(connection) == DbMySql)
+    if (tabra::connection::capabilities(connection).quotesPrimaryKeyLookup)
         OstrelCopyString(name, prepareNameForSql92(connection, name, kNameCapacity).c_str(), kNameCapacity);
     return statement.check(SQLPrimaryKeysW(statement.handle(), nullptr, 0, nullptr, 0, sqlText(name), SQL_NTS)) ==
            RunResult::Done;

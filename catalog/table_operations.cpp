@@ -4,6 +4,8 @@
 
 #include "catalog/resource_ids.h"
 #include "catalog/table_existence.h"
+#include "core/connection/capabilities.h"
+#include "core/diagnostics/odbc_error_display.h"
 #include "core/module/module_state.h"
 #include "core/odbc/statement_runner.h"
 #include "ostrel.h"
@@ -25,9 +27,6 @@ constexpr int32_t kRenameCapacity = 300;
 constexpr int32_t kPatternCapacity = 100;
 constexpr int32_t kWaitNoticeTime = 30000;
 constexpr int32_t kAnswerYes = 6;
-
-// The SQLSTATEs that say the table does not exist (ODBC 2 and ODBC 3 forms).
-constexpr char16_t kTableMissingStates[] = u"S0002,42S02";
 
 // The wait notice while a copy runs, closed on every path.
 class WaitNotice {
@@ -102,10 +101,25 @@ int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *ta
         return 2;
     const std::u16string text =
         sqltext::formatStatement(connection, u"DROP TABLE %t%.%t", {schema, table}, kDropCapacity);
-    const bool missingIsGone = (flags & TABRA_DELETE_MISSING_OK) != 0;
-    StatementRunner statement(connection, text.c_str(), {.tolerated = missingIsGone ? kTableMissingStates : nullptr});
-    RunResult result = statement.run();
-    return result == RunResult::Done || result == RunResult::Tolerated ? 1 : 2;
+    if ((flags & TABRA_DELETE_MISSING_OK) == 0)
+        return StatementRunner(connection, text.c_str()).run() == RunResult::Done ? 1 : 2;
+
+    // A failure whose state says "no such table" means the table is gone already. Where
+    // the database answers with a generic state, the catalog decides.
+    const auto &database = connection::capabilities(connection);
+    StatementRunner statement(connection, text.c_str(), {.tolerated = database.tableMissingStates});
+    switch (statement.run()) {
+    case RunResult::Done: return 1;
+    case RunResult::Tolerated:
+        if (!database.tableMissingNeedsCatalog ||
+            findInTableList(connection, TABRA_TABLE_TYPE_ALL, schema, 0, table) == 0)
+            return 1;
+        diagnostics::showOdbcError(SQL_HANDLE_STMT, statement.handle(), text.c_str());
+        return 2;
+    case RunResult::Refused:
+    case RunResult::Failed: break;
+    }
+    return 2;
 }
 
 int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t *newName, uint8_t flags) {
@@ -113,15 +127,19 @@ int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t 
         newName[0] == u'\0')
         return 2;
     if (findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, newName) != 0) return 2;
-    const std::u16string text =
-        sqltext::formatStatement(connection, u"SELECT * INTO %t FROM %t", {newName, oldName}, kRenameCapacity);
+    // A database with a RENAME statement renames in place (rows, keys and indexes stay);
+    // the others copy the table under the new name and drop the old one.
+    const auto &database = connection::capabilities(connection);
+    const bool copies = database.renameCopiesAndDrops;
+    const std::u16string text = sqltext::formatStatement(
+        connection, database.renameStatement, {copies ? newName : oldName, copies ? oldName : newName}, kRenameCapacity);
     {
         StatementRunner statement(connection, text.c_str());
         if (statement.allocate() != RunResult::Done) return 2;
         WaitNotice notice((flags & TABRA_RENAME_WAIT_NOTICE) != 0);
         if (statement.passHook() != RunResult::Done || statement.execute() != RunResult::Done) return 2;
     }
-    return dropTable(connection, nullptr, oldName, TABRA_DELETE_NO_CONFIRM);
+    return copies ? dropTable(connection, nullptr, oldName, TABRA_DELETE_NO_CONFIRM) : 1;
 }
 
 std::u16string uniqueTableName(SQLHDBC connection, std::u16string_view wanted, int32_t capacity) {

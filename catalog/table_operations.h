@@ -13,13 +13,16 @@ namespace tabra::catalog {
 
 // "DROP TABLE schema.table" (the schema only when not blank). Without
 // TABRA_DELETE_NO_CONFIRM the user is asked first (message 1702, Yes goes on); with
-// TABRA_DELETE_MISSING_OK a failure whose SQLSTATE says the table is missing counts as
-// done. 1 dropped (or gone), 2 not.
+// TABRA_DELETE_MISSING_OK a failure whose SQLSTATE is one of the database's "no such
+// table" states counts as done, quietly (where those states are generic, as SQLite's,
+// only when the catalog then lists no such table). 1 dropped (or gone), 2 not.
 int32_t dropTable(SQLHDBC connection, const char16_t *schema, const char16_t *table, uint8_t flags);
 
-// "SELECT * INTO new FROM old", then the old table dropped without asking; fails
-// quietly when the new name is taken. TABRA_RENAME_WAIT_NOTICE shows the wait notice
-// while the copy runs. 1 renamed, 2 not.
+// Renames with the database's rename statement (capabilities.h): "ALTER TABLE old
+// RENAME TO new" where the database has one, else "SELECT * INTO new FROM old" and the
+// old table dropped without asking. Fails quietly when the new name is taken.
+// TABRA_RENAME_WAIT_NOTICE shows the wait notice while the statement runs. 1 renamed,
+// 2 not.
 int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t *newName, uint8_t flags);
 
 // Tabra_CreateUniqueTableName: the wanted name when it is not empty and no table or view

@@ -86,6 +86,7 @@ inline constexpr struct Messages {
     int32_t noStatement = 1609;           // a blank statement was to be run or kept
     int32_t tableNameTaken = 1616;        // %1 the name: a table or view of that name exists
     int32_t notPossibleHere = 1642;       // the database cannot do what was chosen
+    int32_t textNotCarried = 1660;        // %1 the character type: text would not reach the driver unchanged
 } kMessage{};
 
 } // namespace tabra::core::ids

@@ -213,6 +213,31 @@ TABRA_API int32_t Ostrel_ListView_CreateColumns(HWND listView, const char16_t *c
 TABRA_API int32_t Ostrel_ListView_InsertItem(HWND listView, int32_t index, const char16_t *texts,
                                              char16_t separator, LPARAM param);
 
+/* ---- Dragging entries between lists ---- */
+
+/* Drag flags of Ostrel_SetListDragDrop. */
+#define OSTREL_DRAG_SOURCE 0x1u /* the user may drag an entry of the list */
+#define OSTREL_DROP_TARGET 0x2u /* entries may be dropped on the list */
+
+/* WM_NOTIFY code of a drop: the target list sends it to its dialog (or page), lParam
+ * pointing at an OstrelDropInfo. */
+#define OSTREL_NM_DROPPED ((uint32_t)-3900)
+
+typedef struct OstrelDropInfo {
+    NMHDR hdr;        /* from the target list */
+    HWND source;      /* the list the entry came from (the target itself for a move) */
+    int32_t sourceId; /* its control id */
+    int32_t item;     /* the entry dragged */
+    int32_t position; /* the target's entry it was dropped before; its count: after the last */
+} OstrelDropInfo;
+
+/* Lets the user drag entries of a list box or list view that is a drag source and
+ * drop them on any list of the same dialog (its pages included) that is a drop
+ * target, the same list too. Nothing moves by itself: the dialog learns of the drop
+ * (OSTREL_NM_DROPPED) and decides. flags 0 ends both. Returns 1, or 0 when the window
+ * is no list box or list view. */
+TABRA_API int32_t Ostrel_SetListDragDrop(HWND list, uint32_t flags);
+
 /* ---- Tab controls ---- */
 
 /* Creates dialog templateId of the module as a hidden page of the tab control (its

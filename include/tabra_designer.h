@@ -73,6 +73,23 @@ TABRA_API void Tabra_SelFact_GetDescriptor(SelFact handle, int32_t kind, char16_
  * it); lines are read up to 999 characters, blank fields are missing texts. Other
  * kinds and a null handle do nothing. */
 TABRA_API void Tabra_SelFact_SetDescriptor(SelFact handle, int32_t kind, const char16_t *text);
+/* Edits the designer's lists in the designer dialog (template 10064) over parent (null:
+ * the active window), on a copy: a tab page per list (tables with their joins, result
+ * columns with their aliases, the selection's condition rows, the sort order with its
+ * directions) above the statement they build; the user may choose the schema the
+ * tables are offered from and test the statement. Returns 1 after OK (the copy's lists
+ * replace the designer's), 2 after Cancel, for a null handle, or when memory runs out
+ * (message 1600 shown). */
+TABRA_API int32_t Tabra_SelFact_Edit(SelFact handle, HWND parent);
+/* The procedures of the designer dialog, its tab pages, the join dialog (a table of the
+ * statement with its join) and the column dialog (a result column). */
+TABRA_API INT_PTR SelFact_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR Tables_SubDialog_Callback(HWND page, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR Columns_SubDialog_Callback(HWND page, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR Selection_SubDialog_Callback(HWND page, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR OrderBy_SubDialog_Callback(HWND page, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR SelFactTable_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR EditSelFactColumn_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
 /* Shows what a designer result means to the user: message 1600 for 1001 (out of
  * memory), nothing for other codes. Returns 1. */
 TABRA_API int32_t Tabra_SelFact_DisplayError(int32_t code);

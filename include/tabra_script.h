@@ -34,6 +34,9 @@
  *   dialog 103: click 1               click a button
  *   dialog 103: doubleclick 1004 "x"  double-click an entry (list box, list view)
  *   dialog 103: rightclick 1002 #0    right-click an entry of a list view (NM_RCLICK)
+ *   dialog 103: drag 1004 "x" to 1002 #1   drag an entry of a list and drop it on a
+ *                                     list before its entry #1 (without one: after
+ *                                     the last); see Ostrel_SetListDragDrop
  *   dialog 103: close                 the close box of the dialog (WM_CLOSE)
  *   dialog 103: expect 1002 "scott"   the control's text must be this, else the run fails
  *   message 1702: answer yes          answer a message box (yes no cancel ok abort

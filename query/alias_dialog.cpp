@@ -2,6 +2,7 @@
 // only the alias alphabet (letters, the digits 1 to 9 and "_"; never 0).
 #include "core/dialogs/dialog.h"
 #include "ostrel.h"
+#include "query/alias_alphabet.h"
 #include "query/resource_ids.h"
 #include "tabra_query.h"
 #include "tabra_window.h"
@@ -15,10 +16,6 @@ using tabra::query::ids::kAliasDialog;
 
 constexpr int32_t kAliasCapacity = 100;
 constexpr int32_t kEntryCapacity = 200;
-constexpr std::u16string_view kAliasAlphabet = u"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ123456789_";
-
-bool isAliasText(std::u16string_view text) { return text.find_first_not_of(kAliasAlphabet) == std::u16string_view::npos; }
-
 // The dialog's state is the caller's alias buffer (kAliasCapacity characters), given
 // by its first character.
 void showAlias(HWND dialog, char16_t &alias) { SetDlgItemTextW(dialog, kAliasDialog.alias, &alias); }
@@ -28,13 +25,8 @@ bool takeAlias(HWND dialog, char16_t &alias) {
     return true;
 }
 
-// A typed character outside the alphabet beeps and is taken back.
-void refuseForeignCharacters(HWND dialog, char16_t &, int32_t) {
-    char16_t text[kAliasCapacity] = {};
-    GetDlgItemTextW(dialog, kAliasDialog.alias, text, kAliasCapacity);
-    if (isAliasText(text)) return;
-    MessageBeep(MB_SIMPLEBEEP);
-    SendMessageW(GetDlgItem(dialog, kAliasDialog.alias), WM_CHAR, 8, 0);
+void refuseForeignCharacters(HWND dialog, char16_t &, int32_t control) {
+    tabra::query::takeBackForeignCharacter(dialog, control);
 }
 
 constexpr tabra::dialogs::Command<char16_t> kCommands[] = {{kAliasDialog.alias, EN_CHANGE, refuseForeignCharacters}};

@@ -1,12 +1,15 @@
 // WHERE conditions and SET lists from descriptors, and their exported entry points.
 #include "query/condition_text.h"
 
+#include "core/connection/capabilities.h"
 #include "ostrel_text.h"
 #include "query/descriptor_text.h"
 #include "query/operator_tables.h"
 #include "query/sql_literal.h"
 #include "sqltext/sql92_names.h"
 #include "tabra_query.h"
+
+#include <sqlext.h>
 
 #include <initializer_list>
 
@@ -52,6 +55,27 @@ std::u16string preparedValue(SQLHDBC connection, const OperatorEntry &op, const 
     return line.value;
 }
 
+bool isCharacterType(int32_t sqlType) {
+    switch (sqlType) {
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+    case SQL_LONGVARCHAR:
+    case SQL_WCHAR:
+    case SQL_WVARCHAR:
+    case SQL_WLONGVARCHAR: return true;
+    default: return false;
+    }
+}
+
+// The column as a text-match operator compares it: cast to text where the database
+// has no LIKE on other types (the line's type is not a character type; an unknown type
+// is cast too, which is harmless on text), else as it is.
+std::u16string textMatchColumn(SQLHDBC connection, std::u16string column, int32_t sqlType) {
+    if (isCharacterType(sqlType)) return column;
+    const char16_t *cast = connection::capabilities(connection).textMatchCast;
+    return cast == nullptr ? column : fillPattern(cast, {column});
+}
+
 } // namespace
 
 std::u16string conditionText(SQLHDBC connection, std::u16string_view text, const ExpansionChars &expansion) {
@@ -64,9 +88,10 @@ std::u16string conditionText(SQLHDBC connection, std::u16string_view text, const
     std::u16string_view any(&expansion[0], 1), open(&expansion[2], 1), close(&expansion[3], 1);
     std::u16string condition;
     if (op->code == 101)
-        condition = fillPattern(op->pattern, {column, open, value, any, close});
+        condition = fillPattern(op->pattern, {textMatchColumn(connection, column, line.dataType), open, value, any, close});
     else if (op->code == 108)
-        condition = fillPattern(op->pattern, {column, open, any, value, any, close});
+        condition =
+            fillPattern(op->pattern, {textMatchColumn(connection, column, line.dataType), open, any, value, any, close});
     else
         condition = fillPattern(op->pattern, {column, value});
     if (condition.size() > kConditionLength) condition.resize(kConditionLength);

@@ -61,10 +61,83 @@ inline constexpr struct Messages {
     int32_t statementValid = 1706; // the query designer's statement test passed
 } kMessage{};
 
-// The query designer's dialog.
+// ---- The query designer ----
+// Its dialog: a tab page per list over the statement the lists build. Its texts are
+// in resources/<language>/tabraRes-designer.rc (the join and comparison labels and
+// message 1706 with the query family's).
 inline constexpr struct DesignerDialog {
     int32_t id = 10064;
+    int32_t pages = 1101;        // the tab control
+    int32_t statement = 1102;    // the statement, read-only
+    int32_t chooseSchema = 1103;
+    int32_t schema = 1104;       // the schema the tables are listed from
+    int32_t test = 3;            // the statement test
 } kDesignerDialog{};
+
+// Every list page holds the lists and buttons of this block: what may be added on
+// the left, the statement's list on the right, the buttons between and beside them.
+inline constexpr struct DesignerListControls {
+    int32_t available = 1201; // list box
+    int32_t chosen = 1202;    // list view (the selection page has condition rows instead)
+    int32_t add = 1203;
+    int32_t remove = 1204;
+    int32_t up = 1205;
+    int32_t down = 1206;
+} kDesignerList{};
+
+inline constexpr struct DesignerTablesPage {
+    int32_t id = 10641;
+    int32_t edit = 1207; // the join dialog on the chosen table
+} kDesignerTablesPage{};
+
+inline constexpr struct DesignerColumnsPage {
+    int32_t id = 10642;
+    int32_t edit = 1207;       // the column dialog on the chosen column
+    int32_t expression = 1208; // the column dialog on a new expression
+} kDesignerColumnsPage{};
+
+// The condition rows of the selection page are TABRA_DESIGNER_SELECTION_ROWS
+// (query/designer/selection_rows.h).
+inline constexpr struct DesignerSelectionPage {
+    int32_t id = 10643;
+} kDesignerSelectionPage{};
+
+inline constexpr struct DesignerSortPage {
+    int32_t id = 10644;
+    int32_t ascending = 1209;  // radio buttons: the chosen sort column's direction
+    int32_t descending = 1210;
+} kDesignerSortPage{};
+
+// A table of the statement with its join.
+inline constexpr struct DesignerJoinDialog {
+    int32_t id = 10645;
+    int32_t table = 1301;
+    int32_t alias = 1302;
+    int32_t joinType = 1303;
+    int32_t leftColumn = 1304;
+    int32_t comparison = 1305;
+    int32_t rightColumn = 1306;
+    int32_t preview = 1307; // the table's part of the FROM clause
+} kDesignerJoinDialog{};
+
+// A result column: its expression and alias.
+inline constexpr struct DesignerColumnDialog {
+    int32_t id = 10646;
+    int32_t expression = 1401;
+    int32_t alias = 1402;
+} kDesignerColumnDialog{};
+
+inline constexpr struct DesignerStrings {
+    int32_t tableColumns = 3620;  // list view columns "Title|width|...", pixels
+    int32_t resultColumns = 3621;
+    int32_t sortColumns = 3622;
+    int32_t defaultSchema = 3623; // shown when no schema is chosen
+} kDesignerString{};
+
+inline constexpr struct DesignerMessages {
+    int32_t aliasTaken = 3630; // %1 the alias: another table of the statement has it
+    int32_t noTable = 3631;    // the join dialog has no table
+} kDesignerMessage{};
 
 // The labels of the designer's join types and join comparisons, by code.
 inline constexpr struct DesignerLabels {

@@ -65,7 +65,8 @@ std::vector<std::u16string> splitDottedParts(std::u16string_view name, size_t ma
     return parts;
 }
 
-void writePreparedName(std::u16string_view name, std::u16string_view quote, int32_t size, std::u16string &out) {
+void writePreparedName(std::u16string_view name, std::u16string_view quote, int32_t size, std::u16string &out,
+                       BareNameRules &rules) {
     out.clear();
     if (size < 1) return;
     const auto room = static_cast<size_t>(size - 1); // what a destination of size keeps
@@ -73,7 +74,7 @@ void writePreparedName(std::u16string_view name, std::u16string_view quote, int3
     bool first = true;
     for (std::u16string part : splitDottedParts(name, kPartCapacity - 1)) {
         part = trimSpacesAndQuotes(std::move(part), quote[0]);
-        if (part != u"*" && !Ostrel_IsBlankString(part.c_str()) && !isPlainIdentifier(part))
+        if (part != u"*" && !Ostrel_IsBlankString(part.c_str()) && !(isPlainIdentifier(part) && rules.staysBare(part)))
             part = wrapBounded(part, quote, kPartCapacity);
         // The "." is written when 3 characters remain but is not counted; nothing is
         // ever written past the destination's room.

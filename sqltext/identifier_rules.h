@@ -3,6 +3,8 @@
 // connection's quote string comes from core/connection/connection_info.h.)
 #pragma once
 
+#include "sqltext/bare_names.h"
+
 #include <sql.h>
 
 #include <string>
@@ -25,10 +27,11 @@ std::u16string wrapBounded(std::u16string_view part, std::u16string_view quote, 
 std::vector<std::u16string> splitDottedParts(std::u16string_view name, size_t maxLength);
 
 // Prepares one name with a known, non-empty quote string (each dotted part trimmed of
-// spaces and quote characters, then quoted unless plain, "*" or blank) into out, as a
-// destination of size characters holds it, with the list accounting: "." before every
-// part but the first when at least 3 characters remain (not counted), a part only when
-// it fits.
-void writePreparedName(std::u16string_view name, std::u16string_view quote, int32_t size, std::u16string &out);
+// spaces and quote characters, then quoted unless "*", blank, or a plain identifier
+// that the rules let stay bare) into out, as a destination of size characters holds
+// it, with the list accounting: "." before every part but the first when at least 3
+// characters remain (not counted), a part only when it fits.
+void writePreparedName(std::u16string_view name, std::u16string_view quote, int32_t size, std::u16string &out,
+                       BareNameRules &rules);
 
 } // namespace tabra::sqltext

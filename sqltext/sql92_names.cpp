@@ -12,6 +12,7 @@
 #include <string>
 
 using namespace tabra::sqltext;
+using tabra::connection::IdentifierQuote;
 using tabra::connection::identifierQuote;
 using tabra::platform::boundedPrefix;
 using tabra::platform::viewOf;
@@ -24,14 +25,20 @@ constexpr int32_t kItemCapacity = 200; // one list item: 199 characters and a te
 
 namespace tabra::sqltext {
 
-void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out) {
+void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out,
+                         BareNameRules &rules) {
     out.clear();
     if (size < 1 || Ostrel_IsBlankString(name)) return;
     const std::u16string quote = identifierQuote(connection).quoteString();
     if (quote.empty())
         out = boundedPrefix(name, static_cast<size_t>(size));
     else
-        writePreparedName(name, quote, size, out);
+        writePreparedName(name, quote, size, out, rules);
+}
+
+void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out) {
+    BareNameRules rules(connection);
+    prepareNameForSql92(connection, name, size, out, rules);
 }
 
 std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size) {
@@ -50,9 +57,10 @@ std::u16string prepareNameList(SQLHDBC connection, std::u16string_view list, int
     int32_t tokenPosition = 0;
     bool first = true;
     char16_t item[kItemCapacity];
+    BareNameRules rules(connection);
     while (Ostrel_ReadToken(copy.c_str(), &tokenPosition, inputSeparator, item, kItemCapacity) == 1) {
         // The quote string is asked again for every item.
-        prepareNameForSql92(connection, item, kItemCapacity, name);
+        prepareNameForSql92(connection, item, kItemCapacity, name, rules);
         const auto room = static_cast<size_t>(size - 1);
         // The separator is written when 3 characters remain and not counted; an item
         // only when it fits. Nothing goes past the list's capacity.
@@ -87,9 +95,13 @@ extern "C" void Tabra_PrepareNameListForSql92(SQLHDBC connection, char16_t *list
 extern "C" void Tabra_QuoteNameIfNotPureSql(SQLHDBC connection, char16_t *name, int32_t size) {
     if (name == nullptr || size < 1) return;
     std::u16string current(name, std::find(name, name + size, u'\0'));
-    if (isPlainIdentifier(current)) return;
+    const IdentifierQuote quote = identifierQuote(connection);
+    // A plain identifier stays bare where the database reads it back unchanged (the
+    // rules are asked only of a driver that quotes).
+    if (isPlainIdentifier(current) && (quote.quoteString().empty() || BareNameRules(connection).staysBare(current)))
+        return;
     // No stripping and no test for a driver that does not quote: a space quote string
     // wraps the name in spaces, and a quoted name is quoted again.
-    std::u16string wrapped = wrapBounded(current, identifierQuote(connection).text, static_cast<size_t>(size));
+    std::u16string wrapped = wrapBounded(current, quote.text, static_cast<size_t>(size));
     OstrelCopyString(name, wrapped.c_str(), size);
 }

@@ -3,6 +3,8 @@
 // uses.
 #pragma once
 
+#include "sqltext/bare_names.h"
+
 #include <sql.h>
 
 #include <cstdint>
@@ -13,12 +15,17 @@ namespace tabra::sqltext {
 
 // The name prepared for the connection as a destination of size characters would hold
 // it (at most size - 1 characters): each dotted part freed of surrounding spaces and
-// quote characters and quoted again unless plain, "*" or blank; a driver that does not
+// quote characters and quoted again unless "*", blank or a plain identifier that may
+// stay bare on the database (sqltext/bare_names.h); a driver that does not
 // quote gets the name as it stands; a blank (or null) name gives the empty text. The
 // quote string is asked again on every call.
 std::u16string prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size);
 // The same into out (its room is reused).
 void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out);
+// The same with the bare-name rules of the caller's call, for callers that prepare
+// several names in one call (the driver is then asked for them once).
+void prepareNameForSql92(SQLHDBC connection, const char16_t *name, int32_t size, std::u16string &out,
+                         BareNameRules &rules);
 
 // A separated list with each item (split at inputSeparator, 199 characters each)
 // prepared as above and joined by outputSeparator, as a list buffer of size

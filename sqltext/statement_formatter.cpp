@@ -39,6 +39,7 @@ void formatInto(SQLHDBC connection, const char16_t *format, std::initializer_lis
     int32_t remaining = size;
     size_t taken = 0;
     std::u16string work;
+    tabra::sqltext::BareNameRules rules(connection);
 
     const char16_t *f = format ? format : u"";
     while (*f != u'\0' && remaining > 2) {
@@ -56,7 +57,7 @@ void formatInto(SQLHDBC connection, const char16_t *format, std::initializer_lis
         switch (placeholder) {
         case u't':
         case u'f':
-            tabra::sqltext::prepareNameForSql92(connection, argument(taken++), kWorkCapacity, work);
+            tabra::sqltext::prepareNameForSql92(connection, argument(taken++), kWorkCapacity, work, rules);
             break;
         case u's':
             work.assign(tabra::platform::boundedPrefix(tabra::platform::viewOf(argument(taken++)), kWorkCapacity));

@@ -1,9 +1,10 @@
 // Creating the system table, with a value column whose type suits the database: the
-// store's values are long texts, and each product names such a column differently.
+// store's values are long texts, and each product names such a column differently
+// (the capability table's system table value type).
 #include "systable/system_table.h"
 
 #include "catalog/table_existence.h"
-#include "core/connection/connection_info.h"
+#include "core/connection/capabilities.h"
 #include "rowset/row_set.h"
 #include "tabra_catalog.h"
 #include "tabra_systable.h"
@@ -17,14 +18,6 @@ namespace {
 constexpr char16_t kCreateStatement[] = u"CREATE TABLE %s (Object VARCHAR (100) NOT NULL, Type VARCHAR (50) NOT NULL, "
                                         u"ItemName VARCHAR (50) NOT NULL, ItemValue %s)";
 
-const char16_t *valueColumnType(SQLHDBC connection) {
-    switch (connection::databaseType(connection)) {
-    case DbAccess: return u"MEMO";
-    case DbSqlServer: return u"VARCHAR (5000)";
-    default: return u"BLOB";
-    }
-}
-
 } // namespace
 
 bool systemTableExists(SQLHDBC connection) {
@@ -34,7 +27,7 @@ bool systemTableExists(SQLHDBC connection) {
 }
 
 int32_t createSystemTable(SQLHDBC connection) {
-    const auto statement = formatSystemTableStatement(kCreateStatement, {systemTableName, valueColumnType(connection)});
+    const auto statement = formatSystemTableStatement(kCreateStatement, {systemTableName, connection::capabilities(connection).systemTableValueType});
     if (!statement) return 2;
     // The only statement of the store whose failure is shown.
     return rowset::performStatement(connection, statement->c_str(), nullptr);

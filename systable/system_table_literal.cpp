@@ -1,31 +1,22 @@
 // Backslashes in string literals: standard SQL keeps them, the MySQL family (MySQL,
-// MariaDB) reads them as escapes by default. The server's own answer says which.
+// MariaDB; the capability table's literalsMayEscapeBackslashes) reads them as escapes
+// by default. The server's own answer says which.
 #include "systable/system_table_literal.h"
 
-#include "core/connection/connection_info.h"
-#include "platform/text/case_folding.h"
+#include "core/connection/capabilities.h"
 #include "rowset/row_set.h"
-
-#include <string_view>
-
-using tabra::platform::equalIgnoringCase;
 
 namespace tabra::systable {
 namespace {
 
 constexpr size_t kAnswerCapacity = 10;
 
-bool isMySqlFamily(SQLHDBC connection) {
-    const std::u16string dbms = connection::dbmsName(connection);
-    return equalIgnoringCase(dbms, u"MySQL") || equalIgnoringCase(dbms, u"MariaDB");
-}
-
 // Whether the session reads backslash escapes in literals (sql_mode without
 // NO_BACKSLASH_ESCAPES): asked of the server itself, with a literal of two backslashes
 // that comes back as one where they are read. A server that cannot tell is taken to
 // read them, the family's default.
 bool readsBackslashEscapes(SQLHDBC connection) {
-    if (!isMySqlFamily(connection)) return false;
+    if (!connection::capabilities(connection).literalsMayEscapeBackslashes) return false;
     const auto answer = rowset::selectToText(connection, u"SELECT '\\\\'", u"\t", u"\n", kAnswerCapacity, u"*", 0);
     return !answer || *answer == u"\\";
 }

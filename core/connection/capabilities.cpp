@@ -47,6 +47,7 @@ struct Classic {
     const char16_t *systemValueType = u"BLOB";
     char16_t viewWildcard = u'%';
     bool quotedKeyLookup = false;
+    bool backslashEscapes = false;
 };
 
 constexpr Capabilities classic(const Classic &row) {
@@ -66,6 +67,7 @@ constexpr Capabilities classic(const Classic &row) {
         .systemTableValueType = row.systemValueType,
         .viewPatternWildcard = row.viewWildcard,
         .quotesPrimaryKeyLookup = row.quotedKeyLookup,
+        .literalsMayEscapeBackslashes = row.backslashEscapes,
     };
 }
 
@@ -118,13 +120,14 @@ constexpr std::array kRows = {
         .tableMissingStates = kMissingTableStates,
         .systemTableValueType = u"BLOB",
         .rowSetCountStatement = kDerivedTableCount,
+        .literalsMayEscapeBackslashes = true,
     },
     // ---- Classic rows, in DatabaseType order; what the comment above Classic does
     //      not name is the same for all ----
     classic({.name = u"DbOther"}),
     classic({.name = u"DbProgress"}),
     classic({.name = u"DbMySql", .autoIncrement = u"INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY", .copies = false,
-             .quotedKeyLookup = true}),
+             .quotedKeyLookup = true, .backslashEscapes = true}),
     classic({.name = u"DbAccess", .autoIncrement = u"AUTOINCREMENT", .dropPrimaryKey = nullptr, .suffix = false,
              .systemValueType = u"MEMO", .viewWildcard = u'*'}),
     classic({.name = u"DbSqlServer", .autoIncrement = u"INTEGER NOT NULL IDENTITY PRIMARY KEY",

@@ -103,9 +103,11 @@ struct Capabilities {
     // The column suffix per column kind; use suffixFor(). On a classic row all kinds
     // have the same suffix (or none: DbAccess, DbExcel).
     ColumnSuffixes columnSuffix;
-    // Column type patterns that replace the shared type table's for this database,
-    // e.g. PostgreSQL TIMESTAMP for 4, MariaDB DOUBLE for 3; use typePatternFor() or,
-    // better, catalog::columnTypePattern() which falls back to the shared table.
+    // Column type patterns that replace the shared type table's for this database:
+    // PostgreSQL "TIMESTAMP" for 4 (it has no DATETIME), MariaDB "DOUBLE" for 3 (its
+    // FLOAT is single precision) and "VARCHAR (255)" for 7 (VARCHAR needs a length);
+    // SQLite and the classic rows none. Use catalog::columnTypeText(), which falls back
+    // to the shared table (or typePatternFor()).
     std::span<const TypePattern> typePatterns;
 
     // ---- Adding rows ----
@@ -166,6 +168,11 @@ struct Capabilities {
     // Whether the primary-key catalog (SQLPrimaryKeys) wants the table name prepared
     // for SQL (quoted where needed) rather than as it stands: DbMySql only.
     bool quotesPrimaryKeyLookup = false;
+    // Whether string literals may read a backslash as an escape (the MySQL family's
+    // default, unless the session's sql_mode says NO_BACKSLASH_ESCAPES): callers that
+    // write backslashes into literals ask the server which rule holds. MariaDB and
+    // DbMySql.
+    bool literalsMayEscapeBackslashes = false;
 
     // Whether a table can be copied (the design's "SELECT ... INTO allowed" column):
     // both copy statements exist.

@@ -12,6 +12,7 @@ namespace {
 // for as many characters, as some drivers count the length in characters.
 constexpr SQLSMALLINT kQuoteBytes = 10;
 constexpr SQLSMALLINT kDbmsNameBytes = 100;
+constexpr size_t kKeywordsCapacity = 2048; // characters; MariaDB's list has 1120
 
 char16_t asciiUpper(char16_t c) { return (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c; }
 
@@ -63,6 +64,29 @@ DatabaseType databaseTypeOfName(std::u16string_view dbms) {
     if (equalsIgnoringCase(dbms, u"PROGRESS")) return DbProgress;
     if (equalsIgnoringCase(dbms, u"EXCEL")) return DbExcel;
     return DbOther;
+}
+
+SQLUSMALLINT identifierCase(SQLHDBC connection) {
+    if (connection == SQL_NULL_HDBC) return 0;
+    SQLUSMALLINT answer = 0;
+    SQLSMALLINT length = 0;
+    return SQL_SUCCEEDED(SQLGetInfoW(connection, SQL_IDENTIFIER_CASE, &answer, sizeof answer, &length)) ? answer : 0;
+}
+
+std::u16string keywords(SQLHDBC connection) {
+    if (connection == SQL_NULL_HDBC) return {};
+    // The first call tells the length; a list longer than the first buffer is asked again.
+    std::u16string list(kKeywordsCapacity, u'\0');
+    SQLSMALLINT bytes = 0;
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        SQLRETURN rc = SQLGetInfoW(connection, SQL_KEYWORDS, list.data(), static_cast<SQLSMALLINT>(list.size() * 2), &bytes);
+        if (!SQL_SUCCEEDED(rc) || bytes < 0) return {};
+        if (static_cast<size_t>(bytes) / 2 < list.size()) break;
+        if (static_cast<size_t>(bytes) / 2 + 1 > 0x3FFF) return {};
+        list.assign(static_cast<size_t>(bytes) / 2 + 1, u'\0');
+    }
+    list.resize(std::char_traits<char16_t>::length(list.c_str()));
+    return list;
 }
 
 SQLRETURN readTextInfo(SQLHDBC connection, SQLUSMALLINT code, char16_t *buffer, int32_t length) {

@@ -57,6 +57,16 @@ DatabaseType databaseTypeOfName(std::u16string_view dbmsName);
 // states, ...) are in core/connection/capabilities.h, found by the DBMS name; callers
 // must not keep their own copies of such rules.
 
+// How the database treats the case of unquoted identifiers (SQL_IDENTIFIER_CASE):
+// SQL_IC_UPPER or SQL_IC_LOWER when it folds them to that case, SQL_IC_SENSITIVE or
+// SQL_IC_MIXED when it keeps them; 0 for a null connection or a failed call.
+SQLUSMALLINT identifierCase(SQLHDBC connection);
+
+// The driver's own reserved words (SQL_KEYWORDS): a comma-separated list, empty when
+// the driver names none, the call fails or there is no connection. Some drivers take
+// long over this answer (MariaDB's about 70 microseconds): ask it only when needed.
+std::u16string keywords(SQLHDBC connection);
+
 // A text answer of SQLGetInfoW (data source name, database name, driver version) into
 // buffer: length is handed to the driver as its buffer length, which ODBC counts in
 // bytes, so at most half of the buffer is used; the answer is always terminated

@@ -30,15 +30,20 @@ struct ErrorDialogRequest {
     int32_t furtherMessage = 0;
 };
 
-// Takes the next bracketed part of the diagnostic message: the characters up to the
-// next "]" (at most 299 kept), with the cursor moved past the "]", or to the end
-// when there is none. Opening brackets at the start of the part are removed.
+// Takes the next bracketed part of the diagnostic message, the vendor, component or
+// data source prefix that ODBC puts before the text: only while the rest starts with
+// "[" and holds a "]" is there one, and it is the characters up to that "]" (at most
+// 299 kept, opening brackets at its start removed) with the cursor moved past it.
+// Otherwise the part is empty and the cursor stays: the rest is the message, so a
+// driver that writes one prefix ("[SQLite]no such table") or none (PostgreSQL) shows
+// its text in the message field.
 std::u16string takeBracketedPart(std::u16string_view message, size_t &cursor) {
+    if (cursor >= message.size() || message[cursor] != u'[') return {};
     size_t close = message.find(u']', cursor);
-    size_t end = close == std::u16string_view::npos ? message.size() : close;
-    std::u16string part(message.substr(cursor, end - cursor));
+    if (close == std::u16string_view::npos) return {};
+    std::u16string part(message.substr(cursor, close - cursor));
     if (part.size() > kPartCapacity - 1) part.resize(kPartCapacity - 1);
-    cursor = close == std::u16string_view::npos ? message.size() : close + 1;
+    cursor = close + 1;
     size_t firstKept = part.find_first_not_of(u'[');
     return firstKept == std::u16string::npos ? std::u16string() : part.substr(firstKept);
 }
@@ -68,8 +73,7 @@ bool showDiagnostic(HWND dialog, ErrorDialogRequest &request) {
     size_t cursor = 0;
     std::u16string vendor = takeBracketedPart(text, cursor);
     std::u16string component = takeBracketedPart(text, cursor);
-    std::u16string dataSource;
-    if (text.find(u']', cursor) != std::u16string_view::npos) dataSource = takeBracketedPart(text, cursor);
+    std::u16string dataSource = takeBracketedPart(text, cursor);
 
     SetDlgItemTextW(dialog, kErrorDialog.vendor, vendor.c_str());
     SetDlgItemTextW(dialog, kErrorDialog.component, component.c_str());

@@ -1,6 +1,7 @@
 // The module's lifetime: what happens when libtabra.so is loaded and unloaded.
 #include "core/module/module_state.h"
 
+#include "core/module/character_type.h"
 #include "ostrel_lts.h"
 #include "platform/resources/library_image.h"
 #include "platform/resources/resource_library_loader.h"
@@ -38,7 +39,10 @@ void attachProcess() {
     Ostrel_GetProfileName(gModule.instance, gModule.profileName, sizeof gModule.profileName);
 }
 
-__attribute__((constructor)) void libraryLoaded() { moduleEntryPoint(ProcessAttach); }
+__attribute__((constructor)) void libraryLoaded() {
+    coerceCharacterType();
+    moduleEntryPoint(ProcessAttach);
+}
 __attribute__((destructor)) void libraryUnloaded() { moduleEntryPoint(ProcessDetach); }
 
 } // namespace

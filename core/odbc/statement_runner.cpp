@@ -1,11 +1,18 @@
 // The statement runner's steps.
 #include "core/odbc/statement_runner.h"
 
+#include "core/connection/text_transport.h"
 #include "core/diagnostics/diagnostic_state.h"
 #include "core/diagnostics/odbc_error_display.h"
 #include "core/odbc/odbc_text.h"
 #include "core/odbc/result_column_attribute.h"
+#include "core/resource_ids.h"
 #include "ostrel_hook.h"
+#include "platform/text/utf_conversion.h"
+#include "tabra_connection.h"
+
+#include <clocale>
+#include <string>
 
 namespace tabra::odbc {
 
@@ -34,7 +41,18 @@ RunResult StatementRunner::passHook() {
     return RunResult::Refused;
 }
 
-RunResult StatementRunner::execute() { return check(SQLExecDirectW(handle_.get(), sqlText(text_), SQL_NTS)); }
+RunResult StatementRunner::execute() {
+    // A text that would reach the driver changed is not sent: the user is told why,
+    // whatever the policy, as the statement would otherwise store something else.
+    if (text_ != nullptr && !connection::textSurvives(connection_, text_)) {
+        const char *characterType = std::setlocale(LC_CTYPE, nullptr);
+        const std::u16string shownType = platform::fromUtf8(characterType != nullptr ? characterType : "");
+        ShowMessage(core::ids::kMessage.textNotCarried, shownType.c_str(), nullptr, nullptr);
+        handle_.reset();
+        return RunResult::Failed;
+    }
+    return check(SQLExecDirectW(handle_.get(), sqlText(text_), SQL_NTS));
+}
 
 RunResult StatementRunner::run() {
     RunResult result = allocate();

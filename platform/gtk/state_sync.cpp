@@ -3,6 +3,7 @@
 
 #include "platform/gtk/dialog_style.h"
 #include "platform/gtk/label_text.h"
+#include "platform/gtk/list_drag.h"
 #include "platform/gtk/widget_factory.h"
 #include "platform/gtk/widget_input.h"
 #include "platform/window/window_registry.h"
@@ -104,7 +105,9 @@ void syncStyle(WidgetRecord &record, const Window &window) {
         bool grid = view && (view->extendedStyle & LVS_EX_GRIDLINES);
         gtk_tree_view_set_grid_lines(GTK_TREE_VIEW(record.inner),
                                      grid ? GTK_TREE_VIEW_GRID_LINES_BOTH : GTK_TREE_VIEW_GRID_LINES_NONE);
-    } else if (window.kind == WindowKind::ComboBox) {
+    }
+    if (window.kind == WindowKind::ListBox || window.kind == WindowKind::ListView) syncListDragDrop(record, window);
+    if (window.kind == WindowKind::ComboBox) {
         if (GtkWidget *entry = gtk_bin_get_child(GTK_BIN(record.inner)); entry && GTK_IS_ENTRY(entry))
             if (const auto *combo = window.as<window::ComboBoxState>())
                 gtk_entry_set_max_length(GTK_ENTRY(entry), std::clamp(combo->limit, 0, 65535));

@@ -14,7 +14,7 @@ namespace tabra::window {
 enum class PromptKind { Dialog = 1, Message = 2, File = 3, Menu = 4, Progress = 5 };
 
 enum class Verb {
-    Set, Type, Select, Toggle, Check, Uncheck, Click, DoubleClick, RightClick, Close, Expect, Press, // dialogs
+    Set, Type, Select, Toggle, Check, Uncheck, Click, DoubleClick, RightClick, Drag, Close, Expect, Press, // dialogs
     Callback,                                                                                // dialogs (C++/C)
     Answer,                                                                                  // message boxes
     Choose, Cancel,                                                                          // files, menus
@@ -39,8 +39,10 @@ struct ScriptAction {
     int32_t promptId = kAnyPrompt; // dialog template, message string id, menu resource id
     Verb verb = Verb::Click;
     int32_t control = 0;
+    int32_t dropControl = 0;             // drag: the list the entry is dropped on
     std::u16string text;                 // set, type, expect, choose (file)
-    std::vector<EntryReference> entries; // select, toggle, doubleclick, rightclick, check (list view item)
+    std::vector<EntryReference> entries; // select, toggle, doubleclick, rightclick, check (list view item),
+                                         // drag (the entry, then the one it is dropped before)
     int32_t answer = 0;                  // IDYES, IDNO, ... or the menu command
     DialogKey key = DialogKey::Enter;    // press
     int32_t abortAt = kNoThreshold;      // progress: abort once the position reaches this

@@ -8,6 +8,7 @@
 //            select CONTROL ENTRY...   toggle CONTROL ENTRY     check CONTROL [ENTRY]
 //            uncheck CONTROL [ENTRY]   click CONTROL            close
 //            doubleclick CONTROL [ENTRY]                        rightclick CONTROL [ENTRY]
+//            drag CONTROL ENTRY to CONTROL [ENTRY]
 //            press tab|backtab|enter|escape
 //   message  answer yes|no|cancel|ok|abort|retry|ignore
 //   file     choose "path" | cancel
@@ -182,6 +183,7 @@ private:
             {"set", Verb::Set},       {"type", Verb::Type},     {"select", Verb::Select},
             {"toggle", Verb::Toggle}, {"check", Verb::Check},   {"uncheck", Verb::Uncheck},
             {"click", Verb::Click},   {"doubleclick", Verb::DoubleClick}, {"rightclick", Verb::RightClick},
+            {"drag", Verb::Drag},
             {"close", Verb::Close},   {"expect", Verb::Expect}, {"press", Verb::Press}};
         auto found = verbs.find(verb);
         if (found == verbs.end()) return fail(error, "unknown dialog action \"" + verb + "\"");
@@ -201,6 +203,14 @@ private:
             return true;
         case Verb::Toggle:
             return entry(error) && end(error);
+        case Verb::Drag:
+            if (!entry(error)) return false;
+            if (!more() || tokens_[next_].kind != Token::Kind::Word || tokens_[next_].word != "to")
+                return fail(error, "expected \"to\" and the list the entry is dropped on");
+            ++next_;
+            if (!number(action_.dropControl, "a control id", error)) return false;
+            if (more() && !entry(error)) return false;
+            return end(error);
         case Verb::DoubleClick:
         case Verb::RightClick:
         case Verb::Check:

@@ -299,8 +299,11 @@ std::optional<std::string> ScriptedRenderer::perform(HWND modal, HWND target, co
     if (!control) return describeDialog(modal) + " has no control " + std::to_string(action.control);
     HWND handle = control->handle;
     std::vector<int32_t> indices;
-    if (!action.entries.empty())
-        if (auto refused = resolveEntries(*control, action.entries, indices)) return refused;
+    if (!action.entries.empty()) {
+        std::vector<EntryReference> own(action.entries.begin(),
+                                        action.verb == Verb::Drag ? action.entries.begin() + 1 : action.entries.end());
+        if (auto refused = resolveEntries(*control, own, indices)) return refused;
+    }
     switch (action.verb) {
     case Verb::Set: return input::replaceText(handle, action.text);
     case Verb::Type: return input::typeText(handle, action.text);
@@ -315,6 +318,15 @@ std::optional<std::string> ScriptedRenderer::perform(HWND modal, HWND target, co
     case Verb::Click: return input::click(handle);
     case Verb::DoubleClick: return input::doubleClick(handle, indices.empty() ? -1 : indices.front());
     case Verb::RightClick: return input::rightClick(handle, indices.empty() ? -1 : indices.front());
+    case Verb::Drag: {
+        WindowPtr drop = findControl(modal, target, action.dropControl);
+        if (!drop) return describeDialog(modal) + " has no control " + std::to_string(action.dropControl);
+        std::vector<int32_t> before;
+        if (action.entries.size() > 1)
+            if (auto refused = resolveEntries(*drop, {action.entries[1]}, before)) return refused;
+        auto position = before.empty() ? static_cast<int32_t>(entryTexts(*drop).size()) : before.front();
+        return input::dropEntry(handle, indices.front(), drop->handle, position);
+    }
     case Verb::Expect:
         if (control->text != action.text)
             return std::string(kindName(control->kind)) + " " + std::to_string(action.control) + " shows " +

@@ -1,6 +1,7 @@
 // User input turned into engine changes and notifications.
 #include "platform/window/user_input.h"
 
+#include "ostrel_ui.h"
 #include "platform/text/case_folding.h"
 #include "platform/window/focus.h"
 #include "platform/window/message_dispatch.h"
@@ -22,6 +23,13 @@ std::string describe(const Window &window) {
 Refusal wrongKind(const Window &window, const char *what) { return describe(window) + " cannot " + what; }
 
 bool validIndex(std::size_t count, int32_t index) { return index >= 0 && static_cast<std::size_t>(index) < count; }
+
+// The entries of a list box or the items of a list view.
+std::size_t entryCount(const Window &list) {
+    if (const auto *box = list.as<ListBoxState>()) return box->entries.size();
+    if (const auto *view = list.as<ListViewState>()) return view->items.size();
+    return 0;
+}
 
 Refusal noEntry(const Window &window, int32_t index) {
     return describe(window) + " has no entry " + std::to_string(index);
@@ -304,6 +312,29 @@ Refusal setItemChecked(HWND handle, int32_t index, bool checked) {
     if (!validIndex(view->items.size(), index)) return noEntry(*control, index);
     setFocus(handle);
     setListViewItemState(*control, index, INDEXTOSTATEIMAGEMASK(checked ? 2 : 1), LVIS_STATEIMAGEMASK);
+    return std::nullopt;
+}
+
+Refusal dropEntry(HWND source, int32_t item, HWND target, int32_t position) {
+    if (auto refused = unreachable(source)) return refused;
+    if (auto refused = unreachable(target)) return refused;
+    auto from = findWindow(source);
+    auto to = findWindow(target);
+    if (!(from->dragFlags & OSTREL_DRAG_SOURCE)) return describe(*from) + " is no drag source";
+    if (!(to->dragFlags & OSTREL_DROP_TARGET)) return describe(*to) + " takes no drops";
+    if (topLevelOf(source) != topLevelOf(target)) return std::string("the lists belong to different dialogs");
+    if (!validIndex(entryCount(*from), item)) return noEntry(*from, item);
+    if (position < 0 || static_cast<std::size_t>(position) > entryCount(*to))
+        return describe(*to) + " has no place " + std::to_string(position);
+    movePointerTo(target);
+    setFocus(target);
+    OstrelDropInfo drop{};
+    drop.hdr.code = OSTREL_NM_DROPPED;
+    drop.source = source;
+    drop.sourceId = from->id;
+    drop.item = item;
+    drop.position = position;
+    sendNotifyToParent(*to, drop.hdr);
     return std::nullopt;
 }
 

@@ -46,6 +46,12 @@ Refusal rightClick(HWND control, int32_t index);
 // Checks or unchecks the box of a list view item (LVS_EX_CHECKBOXES), as a click on
 // the box does: the state image changes, LVN_ITEMCHANGED follows.
 Refusal setItemChecked(HWND listView, int32_t index, bool checked);
+// Entry `item` of the list `source` dragged and dropped on the list `target` before
+// its entry `position` (its count: after the last), as a mouse drag does it: the
+// target takes the focus and its dialog gets WM_NOTIFY OSTREL_NM_DROPPED. Both lists
+// belong to one top-level dialog; the source must be a drag source and the target a
+// drop target (Ostrel_SetListDragDrop); source and target may be the same list.
+Refusal dropEntry(HWND source, int32_t item, HWND target, int32_t position);
 // The keys of a dialog, as its dialog manager handles them in Win32, whichever
 // control has the focus: Tab and Shift+Tab (backward) move the focus to the next tab
 // stop (focus.h: nextTabStop; an edit reached so has its text selected); Enter presses

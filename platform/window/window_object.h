@@ -62,6 +62,7 @@ struct Window {
     std::vector<HWND> children;
     Frame frame;
     LONG_PTR userData = 0;   // GWLP_USERDATA
+    uint32_t dragFlags = 0;  // OSTREL_DRAG_SOURCE, OSTREL_DROP_TARGET (list boxes and list views)
     bool destroyed = false;  // set once DestroyWindow ran; the handle is stale from then on
     bool announced = false;  // the renderer knows this window (windowCreated was called for its tree)
     WindowState state;

@@ -1,11 +1,10 @@
 // The drop-view words of a connection.
 #include "query/designer/drop_view_word.h"
 
+#include "core/connection/capabilities.h"
+
 namespace tabra::query::designer {
 
-// The place where the per-database-type capability table (auto-increment column type,
-// SELECT ... INTO, drop-view text) is to be asked once the connection's capabilities
-// are read there; until then every type uses the default.
-std::u16string dropViewWord(SQLHDBC) { return u"DROP VIEW"; }
+std::u16string dropViewWord(SQLHDBC connection) { return connection::capabilities(connection).dropViewWord; }
 
 } // namespace tabra::query::designer

@@ -7,8 +7,8 @@
 
 namespace tabra::query::designer {
 
-// "DROP VIEW", or the database type's own words where it has others. Every database
-// type the library tells apart drops a view with "DROP VIEW" today.
+// The capability table's drop-view word of the connection's database ("DROP VIEW" on
+// every database the library tells apart today).
 std::u16string dropViewWord(SQLHDBC connection);
 
 } // namespace tabra::query::designer

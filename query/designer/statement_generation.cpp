@@ -2,10 +2,10 @@
 // kPartLength, and the statement at the caller's capacity, all without error.
 #include "query/designer/statement_generation.h"
 
+#include "core/connection/capabilities.h"
 #include "platform/text/bounded_text.h"
 #include "platform/text/case_folding.h"
 #include "query/designer/join_tables.h"
-#include "core/connection/connection_info.h"
 #include "tabra_connection.h"
 
 #include <utility>
@@ -52,16 +52,8 @@ std::u16string columnList(const QueryDesign &design) {
 // table that is joined starts the list with its keyword, as stored.
 std::u16string tableList(const QueryDesign &design) {
     ItemList list;
-    for (const TableEntry &table : design.tables) {
-        const JoinType &join = joinTypeOf(table.joinType);
-        std::u16string item(join.keyword);
-        if (!item.empty()) item += u' ';
-        item = withAlias(item + table.name, table.alias);
-        if (join.code != kPlainTable)
-            item += u" ON " + table.leftColumn + u" " + std::u16string(comparisonOf(table.comparison).symbol) +
-                    u" " + table.rightColumn;
-        list.add(join.code == kPlainTable ? u", " : u" ", std::move(item));
-    }
+    for (const TableEntry &table : design.tables)
+        list.add(joinTypeOf(table.joinType).code == kPlainTable ? u", " : u" ", tableItem(table));
     return list.text();
 }
 
@@ -85,9 +77,20 @@ std::u16string sortList(const QueryDesign &design) {
 
 } // namespace
 
+std::u16string tableItem(const TableEntry &table) {
+    const JoinType &join = joinTypeOf(table.joinType);
+    std::u16string item(join.keyword);
+    if (!item.empty()) item += u' ';
+    item = withAlias(item + table.name, table.alias);
+    if (join.code != kPlainTable)
+        item += u" ON " + table.leftColumn + u" " + std::u16string(comparisonOf(table.comparison).symbol) + u" " +
+                table.rightColumn;
+    return item;
+}
+
 ExpansionChars expansionOf(const QueryDesign &design) {
     ExpansionChars expansion = kStandardExpansion;
-    if (design.buildsView() && connection::databaseType(design.connection) == DbAccess) expansion[0] = u'*';
+    if (design.buildsView()) expansion[0] = connection::capabilities(design.connection).viewPatternWildcard;
     return expansion;
 }
 

@@ -13,9 +13,13 @@ inline constexpr size_t kItemLength = 999;            // one column, table or so
 inline constexpr size_t kPartLength = 9999;           // one part: column list, tables, condition, sort list
 inline constexpr size_t kStatementCapacity = 10000;   // the statement the dialog shows and tests
 
-// The LIKE expansion of the selection: "*" as the any-string wildcard when the design
-// builds a view on a database of type DbAccess, "%" otherwise.
+// The LIKE expansion of the selection: when the design builds a view, the database's
+// view wildcard as the any-string wildcard ("*" on DbAccess), "%" otherwise.
 ExpansionChars expansionOf(const QueryDesign &design);
+
+// A table's item of the table list: the join keyword, the name, " AS " and the alias,
+// and for a join " ON " and its condition (not cut).
+std::u16string tableItem(const TableEntry &table);
 
 // "SELECT" and the parts that are not blank: " " and the columns, " FROM " and the
 // tables, " WHERE " and the selection's condition, " ORDER BY " and the sort columns;

@@ -64,8 +64,9 @@ TEST_F(CatalogTestDriverTest, SchemaUsageWithRowsWithoutSchemaGivesBareNames) {
 }
 
 TEST_F(CatalogTestDriverTest, DropFailuresThatMeanMissingAreSuccessUnderFlagTwo) {
-    auto missing = addDataSource({{"FailPattern", "DROP"}, {"FailState", "42S02"}});
-    auto other = addDataSource({{"FailPattern", "DROP"}, {"FailState", "42000"}});
+    // A database without a row of its own: the classic "no such table" states.
+    auto missing = addDataSource({{"DBMSName", "TabraTestDBMS"}, {"FailPattern", "DROP"}, {"FailState", "42S02"}});
+    auto other = addDataSource({{"DBMSName", "TabraTestDBMS"}, {"FailPattern", "DROP"}, {"FailState", "42000"}});
     {
         auto connection = connect(missing);
         ScriptedRun run;
@@ -84,6 +85,21 @@ TEST_F(CatalogTestDriverTest, DropFailuresThatMeanMissingAreSuccessUnderFlagTwo)
         EXPECT_EQ(errorDialogsShown(run), 1u);
     }
     expectNoOpenStatements("drop");
+}
+
+// SQLite answers a missing table with its generic state: there the catalog decides
+// whether the table is gone.
+TEST_F(CatalogTestDriverTest, AGenericStateMeansMissingOnlyWhenTheCatalogAgrees) {
+    auto connection = connect(addDataSource({{"FailPattern", "DROP"}, {"FailState", "S1000"}}));
+    const uint8_t flags = TABRA_DELETE_NO_CONFIRM | TABRA_DELETE_MISSING_OK;
+    ScriptedRun run;
+    EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"no_such_table", flags), 1);
+    expectNothingShown(run);
+    run.queue(click(core::ids::kErrorDialog.id, IDOK));
+    EXPECT_EQ(Tabra_DeleteTable(connection.handle(), u"orders", flags), 2); // still there: the failure is shown
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.statement), u"DROP TABLE orders");
+    expectNoOpenStatements("generic drop failure");
 }
 
 TEST_F(CatalogTestDriverTest, SuccessWithInfoCountsAsSuccess) {
@@ -143,7 +159,7 @@ TEST_F(CatalogTestDriverTest, NoOperationLeavesAStatementOpen) {
     const int failures = 9;
     for (int i = 0; i < failures; ++i) run.queue(click(core::ids::kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_DeleteTable(hdbc, u"scratch", TABRA_DELETE_NO_CONFIRM), 2);
-    EXPECT_EQ(Tabra_RenameTable(hdbc, u"orders", u"orders_copy", 0), 2);
+    EXPECT_EQ(Tabra_RenameTable(hdbc, u"no_such_table", u"orders_copy", 0), 2);
     EXPECT_EQ(Tabra_GetRecordCount(hdbc, u"no_such_table", 0), 0);
     EXPECT_EQ(Tabra_GetRowSetCount(hdbc, u"SELECT * FROM no_such_table"), 0);
     EXPECT_EQ(Tabra_GetMaximum(hdbc, u"no_such_table", u"x", nullptr, &value), -1);

@@ -45,18 +45,20 @@ TEST_P(OdbcErrorDialogTest, SplitsTheDriversMessageIntoItsParts) {
     EXPECT_EQ(shown(kErrorDialog.statement), sql);
     std::u16string vendor = shown(kErrorDialog.vendor), component = shown(kErrorDialog.component);
     std::u16string dataSource = shown(kErrorDialog.dataSource), text = shown(kErrorDialog.message);
+    // A bracketed part is taken only while the rest starts with "[": what follows is
+    // the message, whatever the driver puts in front of it.
     switch (backend()) {
-    case Backend::SQLite: // "[SQLite]no such table: ..." has one bracketed part
+    case Backend::SQLite: // "[SQLite]no such table: ... (1)": one part
         EXPECT_EQ(vendor, u"SQLite");
-        EXPECT_NE(component.find(u"no such table"), std::u16string::npos) << toUtf8(component);
-        EXPECT_EQ(text, u"");
-        break;
-    case Backend::PostgreSQL: // no brackets at all: the whole message is the first part
-        EXPECT_NE(vendor.find(u"does not exist"), std::u16string::npos) << toUtf8(vendor);
         EXPECT_EQ(component, u"");
-        EXPECT_EQ(text, u"");
+        EXPECT_EQ(text.rfind(u"no such table", 0), 0u) << toUtf8(text);
         break;
-    case Backend::MariaDB: // "[ma-3.1.15][10.11...-MariaDB]Table ... doesn't exist"
+    case Backend::PostgreSQL: // "ERROR: relation ... does not exist": no part at all
+        EXPECT_EQ(vendor, u"");
+        EXPECT_EQ(component, u"");
+        EXPECT_EQ(text, raw.front().message);
+        break;
+    case Backend::MariaDB: // "[ma-3.1.15][10.11...-MariaDB]Table ... doesn't exist": two parts
         EXPECT_EQ(vendor.rfind(u"ma-", 0), 0u) << toUtf8(vendor);
         EXPECT_NE(component.find(u"MariaDB"), std::u16string::npos) << toUtf8(component);
         EXPECT_NE(text.find(u"doesn't exist"), std::u16string::npos) << toUtf8(text);
@@ -113,6 +115,34 @@ TEST_F(OdbcErrorDialogTestDriverTest, OptionValueChangedOffersItsExplanation) {
     run.queue(click(kErrorDialog.id, IDOK));
     Tabra_DisplayErrorHstmt(failed.handle(), nullptr);
     EXPECT_FALSE(buttonVisible);
+}
+
+TEST_F(OdbcErrorDialogTestDriverTest, APartIsBracketedOnlyWhileTheRestStartsWithABracket) {
+    const struct {
+        const char *message;
+        std::u16string_view vendor, component, dataSource, text;
+    } cases[] = {
+        {"[a][b][c]the text", u"a", u"b", u"c", u"the text"},
+        {"[a][b]text [x] more", u"a", u"b", u"", u"text [x] more"},
+        {"[SQLite]no such table: x (1)", u"SQLite", u"", u"", u"no such table: x (1)"},
+        {"ERROR: relation x does not exist", u"", u"", u"", u"ERROR: relation x does not exist"},
+        {"ERROR: column [1] is wrong", u"", u"", u"", u"ERROR: column [1] is wrong"},
+        {"[unterminated part", u"", u"", u"", u"[unterminated part"},
+        {"[[a]]rest", u"a", u"", u"", u"]rest"},
+    };
+    for (const auto &c : cases) {
+        auto connection = connect(addDataSource({{"FailPattern", "boom"}, {"FailMessage", c.message}}));
+        OdbcStatement statement(connection);
+        failStatement(statement.handle(), u"SELECT 'boom'");
+        ScriptedRun run;
+        run.queue(click(kErrorDialog.id, IDOK));
+        EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), nullptr), 1);
+        auto shown = [&](int32_t control) { return run.closedControlText(kErrorDialog.id, control); };
+        EXPECT_EQ(shown(kErrorDialog.vendor), c.vendor) << c.message;
+        EXPECT_EQ(shown(kErrorDialog.component), c.component) << c.message;
+        EXPECT_EQ(shown(kErrorDialog.dataSource), c.dataSource) << c.message;
+        EXPECT_EQ(shown(kErrorDialog.message), c.text) << c.message;
+    }
 }
 
 TEST_F(OdbcErrorDialogTestDriverTest, AHandleWithoutDiagnosticsShowsNothing) {

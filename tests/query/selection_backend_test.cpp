@@ -98,7 +98,7 @@ TEST_P(SelectionBackendTest, SetListUpdatesTheRows) {
 // is, and put into a statement through the clause functions it still selects the rows.
 TEST_P(SelectionBackendTest, KeywordsInNamesAndLiteralsAndUmlauts) {
     OdbcConnection connection = connect();
-    executeSql(connection, u"CREATE TABLE sel_keys (id INTEGER, FROM_DATE DATE, Note VARCHAR(40))");
+    executeSql(connection, u"CREATE TABLE sel_keys (id INTEGER, from_date DATE, note VARCHAR(40))");
     executeAll(connection, {
                                u"INSERT INTO sel_keys VALUES (1, '2024-01-01', 'select x from y where z')",
                                u"INSERT INTO sel_keys VALUES (2, '2023-06-30', 'Größe ändern')",
@@ -106,8 +106,8 @@ TEST_P(SelectionBackendTest, KeywordsInNamesAndLiteralsAndUmlauts) {
                            });
     char16_t condition[1000];
     Tabra_SelDesc_To_WhereClause(connection.handle(),
-                                 u"FROM_DATE\tGE\t2024-01-01\t9\n\vNote\tCT\tfrom y where\t12\n\v"
-                                 u"Note\tBW\tGröße\t12\n\vNote\tIL\torder by;x\t12\n",
+                                 u"from_date\tGE\t2024-01-01\t9\n\vnote\tCT\tfrom y where\t12\n\v"
+                                 u"note\tBW\tGröße\t12\n\vnote\tIL\torder by;x\t12\n",
                                  condition, 1000);
     auto ids = [&](const std::u16string &statement) {
         std::u16string found;

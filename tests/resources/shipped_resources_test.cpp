@@ -7,6 +7,7 @@
 #include "core/resource_ids.h"
 #include "ostrel_ui.h"
 #include "platform/resources/resource_script_file.h"
+#include "query/designer/selection_rows.h"
 #include "query/resource_ids.h"
 #include "resource_test_support.h"
 #include "tabra_query.h"
@@ -92,6 +93,16 @@ std::vector<int32_t> selectionRowControls() {
     return rowControls(rows);
 }
 
+// The designer's pages: each holds the list controls, the selection page its
+// condition rows instead of the design's list.
+std::vector<int32_t> designerPageControls(const std::vector<int32_t> &page, bool conditionRows) {
+    namespace query = tabra::query::ids;
+    std::vector<int32_t> controls = joined(page, idsOf(query::kDesignerList));
+    if (!conditionRows) return controls;
+    std::erase(controls, query::kDesignerList.chosen);
+    return joined(controls, rowControls(tabra::query::designer::kSelectionRows));
+}
+
 // What a family header names: each dialog as its template id followed by its
 // controls, and its strings, messages and menus.
 struct Family {
@@ -116,9 +127,16 @@ const std::vector<Family> &families() {
         {"catalog/resource_ids.h", {}, joined(idsOf(tabra::catalog::ids::kString), idsOf(tabra::catalog::ids::kColumnTypeLabel)),
          idsOf(tabra::catalog::ids::kMessage), {}},
         {"query/resource_ids.h",
-         {idsOf(query::kAliasDialog), joined(idsOf(query::kSelectionDialog), joined(selectionRowControls(), {IDHELP}))},
-         joined(idsOf(query::kString), joined(idsOf(query::kOperatorLabel), idsOf(query::kDesignerLabel))),
-         idsOf(query::kMessage), {}},
+         {idsOf(query::kAliasDialog), joined(idsOf(query::kSelectionDialog), joined(selectionRowControls(), {IDHELP})),
+          joined(idsOf(query::kDesignerDialog), {IDOK, IDCANCEL, IDHELP}),
+          designerPageControls(idsOf(query::kDesignerTablesPage), false),
+          designerPageControls(idsOf(query::kDesignerColumnsPage), false),
+          designerPageControls(idsOf(query::kDesignerSelectionPage), true),
+          designerPageControls(idsOf(query::kDesignerSortPage), false), idsOf(query::kDesignerJoinDialog),
+          idsOf(query::kDesignerColumnDialog)},
+         joined(idsOf(query::kString),
+                joined(idsOf(query::kOperatorLabel), joined(idsOf(query::kDesignerLabel), idsOf(query::kDesignerString)))),
+         joined(idsOf(query::kMessage), idsOf(query::kDesignerMessage)), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
         {"wizards/import/resource_ids.h",
          {idsOf(importing::kSourceKindPage), idsOf(importing::kTextFilePage), idsOf(importing::kSelectionFilePage),
@@ -210,6 +228,9 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
     constexpr uint32_t readOnly = ES_READONLY, multiLine = ES_MULTILINE | ES_READONLY;
     const auto &error = kErrorDialog;
     const auto &combined = kDataSourceAndSchemaDialog;
+    const auto &designer = tabra::query::ids::kDesignerDialog;
+    const auto &designerPages = tabra::query::ids::kDesignerTablesPage;
+    const auto &join = tabra::query::ids::kDesignerJoinDialog;
     const auto &performer = tabra::admin::sql_performer::ids::kRecordPerformerDialog;
     const auto &heldPerformer = tabra::admin::sql_performer::ids::kConnectionPerformerDialog;
     const auto &sqlHelp = tabra::admin::sql_performer::ids::kSqlHelpDialog;
@@ -232,6 +253,11 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
         {combined.id, {combined.dataSource, combined.user, combined.schema}, ControlKind::Edit, 0},
         {combined.id, {combined.password}, ControlKind::Edit, ES_PASSWORD},
         {combined.id, {combined.chooseDataSource, combined.chooseSchema, IDOK, IDCANCEL}, ControlKind::PushButton, 0},
+        {designer.id, {designer.statement}, ControlKind::Edit, multiLine},
+        {designer.id, {designer.pages}, ControlKind::TabControl, 0},
+        {designerPages.id, {tabra::query::ids::kDesignerList.chosen}, ControlKind::ListView, LVS_REPORT | LVS_SINGLESEL},
+        {designerPages.id, {tabra::query::ids::kDesignerList.available}, ControlKind::ListBox, 0},
+        {join.id, {join.joinType, join.comparison}, ControlKind::ComboBox, CBS_DROPDOWNLIST},
         {performer.id, {performer.statement}, ControlKind::Edit, ES_MULTILINE | ES_WANTRETURN},
         {performer.id, {performer.dataSource}, ControlKind::Edit, ES_READONLY},
         {performer.id, {performer.history}, ControlKind::ListBox, 0},

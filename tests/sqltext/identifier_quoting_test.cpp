@@ -34,27 +34,39 @@ TEST_P(IdentifierQuotingTest, PreparesWithTheDatabasesQuoteCharacter) {
     SQLHDBC h = connection.handle();
     const std::u16string q = backend() == Backend::MariaDB ? u"`" : u"\"";
     const std::u16string orderDetails = q + u"Order Details" + q;
+    auto wrap = [&q](std::u16string_view name) { return q + std::u16string(name) + q; };
+    // A plain name stays bare where the database reads it back unchanged: PostgreSQL
+    // folds unquoted names to lower case, so there a name with capitals is quoted.
+    const bool folds = backend() == Backend::PostgreSQL;
     struct Case {
         std::u16string name, prepared;
     };
     const Case cases[] = {
-        {u"Customers", u"Customers"},
-        {u"Name$1", u"Name$1"},
+        {u"Customers", folds ? wrap(u"Customers") : u"Customers"},
+        {u"customers", u"customers"},
+        {u"Name$1", folds ? wrap(u"Name$1") : u"Name$1"},
+        {u"Order", wrap(u"Order")}, // reserved words, in any case
+        {u"group", wrap(u"group")},
+        {u"User", wrap(u"User")},
+        {u"KEY", wrap(u"KEY")},
         {u"Order Details", orderDetails},
         {u"  " + orderDetails + u"  ", orderDetails}, // unquoted first, quoted once
         {u"2020Sales", q + u"2020Sales" + q},
         {u"M\u00fcller", q + u"M\u00fcller" + q},
         {u"dbo.Order Details", u"dbo." + orderDetails},
         {u"*", u"*"},
-        {u"Orders.*", u"Orders.*"},
+        {u"orders.*", u"orders.*"},
         {u" \t ", u""},
     };
     for (const Case &c : cases) EXPECT_EQ(prepare92(h, c.name), c.prepared) << toUtf8(c.name);
 
-    char16_t list[200] = u"Customers\tOrder Details\t\t2020Sales";
+    char16_t list[200] = u"customers\tOrder Details\t\t2020Sales\tgroup";
     Tabra_PrepareNameListForSql92(h, list, 200, u'\t', u',');
-    EXPECT_EQ(std::u16string(list), u"Customers," + q + u"Order Details" + q + u",," + q + u"2020Sales" + q);
+    EXPECT_EQ(std::u16string(list), u"customers," + orderDetails + u",," + wrap(u"2020Sales") + u"," + wrap(u"group"));
 
+    char16_t reserved[40] = u"Order";
+    Tabra_QuoteNameIfNotPureSql(h, reserved, 40);
+    EXPECT_EQ(std::u16string(reserved), wrap(u"Order"));
     char16_t quoted[40] = u"Order Details";
     Tabra_QuoteNameIfNotPureSql(h, quoted, 40);
     EXPECT_EQ(std::u16string(quoted), q + u"Order Details" + q);
@@ -81,7 +93,8 @@ TEST_P(IdentifierQuotingTest, PreparesWithTheDatabasesQuoteCharacter) {
 TEST_P(IdentifierQuotingTest, PreparedNamesReachTheRightTables) {
     auto connection = connect();
     SQLHDBC h = connection.handle();
-    std::vector<std::u16string> names = {u"Customers", u"Order Details", u"2020Sales", u"Müller Straße", u"Ωmega Table"};
+    std::vector<std::u16string> names = {u"Customers", u"Order Details", u"2020Sales", u"Müller Straße", u"Ωmega Table",
+                                         u"Order", u"user"};
     if (backend() == Backend::MariaDB) names.push_back(u"Say \"Hi\""); // a double quote inside a back-quoted name
     for (const std::u16string &name : names) {
         executeSql(connection, format(h, u"CREATE TABLE %t (%f INTEGER, %f VARCHAR(20))", name.c_str(), u"Order Id",
@@ -90,10 +103,9 @@ TEST_P(IdentifierQuotingTest, PreparedNamesReachTheRightTables) {
         auto value = queryValue(connection, format(h, u"SELECT %f FROM %t", u"Order Id", name.c_str()));
         EXPECT_EQ(value, std::optional<std::u16string>(u"42")) << toUtf8(name);
     }
-    // The catalog holds the names exactly as typed; PostgreSQL folds the one bare
-    // (plain) name to lower case, as it does with every unquoted identifier.
-    for (std::u16string name : names) {
-        if (backend() == Backend::PostgreSQL && name == u"Customers") name = u"customers";
+    // The catalog holds the names exactly as typed, on PostgreSQL too: a name that it
+    // would fold is quoted.
+    for (const std::u16string &name : names) {
         OdbcStatement statement(connection);
         std::u16string pattern = name;
         ASSERT_TRUE(succeeded(SQLTablesW(statement.handle(), nullptr, 0, nullptr, 0,
@@ -140,6 +152,26 @@ TEST_F(IdentifierQuotingTestDriverTest, ADriverThatDoesNotQuoteGetsNamesAsTheySt
     Tabra_SprintfSqlStatement(blank.handle(), statement, 100, u"SELECT * FROM %t", u"Order Details", nullptr, nullptr,
                               nullptr, nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(std::u16string(statement), u"SELECT * FROM Order Details");
+}
+
+// What the driver says about case folding and its own reserved words decides which
+// plain names stay bare.
+TEST_F(IdentifierQuotingTestDriverTest, FoldingAndTheDriversKeywordsQuotePlainNames) {
+    const struct {
+        const char *identifierCase;
+        std::u16string_view name;
+        bool bare;
+    } cases[] = {
+        {"1", u"CUSTOMERS", true},  {"1", u"Customers", false}, {"1", u"ALPHA", false}, {"1", u"ALPHA2", true},
+        {"2", u"customers", true},  {"2", u"Customers", false}, {"3", u"Customers", true}, {"3", u"beta", false},
+        {"4", u"Beta_Gamma", true}, {"4", u"ORDER", false},
+    };
+    for (const auto &c : cases) {
+        auto connection = connect(addDataSource({{"IdentifierCase", c.identifierCase}, {"Keywords", "ALPHA,Beta"}}));
+        const std::u16string name(c.name);
+        EXPECT_EQ(prepare92(connection.handle(), name), c.bare ? name : u"\"" + name + u"\"")
+            << c.identifierCase << " " << toUtf8(name);
+    }
 }
 
 TEST_F(IdentifierQuotingTestDriverTest, BackQuotesWorkOnTheSQLiteFile) {

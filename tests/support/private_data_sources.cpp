@@ -29,6 +29,7 @@ const std::vector<StandardDataSource> &standardDataSources() {
         {dsn::MySql, "TabraTestDriver", {{"DBMSName", "MySQL"}, {"QuoteChar", "`"}}},
         {dsn::Progress, "TabraTestDriver", {{"DBMSName", "PROGRESS"}}},
         {dsn::Excel, "TabraTestDriver", {{"DBMSName", "EXCEL"}}},
+        {dsn::OtherDbms, "TabraTestDriver", {{"DBMSName", "TabraTestDBMS"}}},
         {dsn::BlankQuote, "TabraTestDriver", {{"QuoteChar", "space"}}},
         {dsn::Schemas, "TabraTestDriver", {{"SchemaUsage", "0x1f"}}},
         {dsn::NoPrimaryKeys, "TabraTestDriver", {{"PrimaryKeys", "0"}}},

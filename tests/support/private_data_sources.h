@@ -20,13 +20,14 @@ namespace tabra::test {
 // The data sources every test process has. All use the process's SQLite file.
 namespace dsn {
 inline constexpr char16_t SQLite[] = u"TabraTestSQLite";           // the SQLite3 driver itself
-inline constexpr char16_t TestDriver[] = u"TabraTestDriver";       // test driver, no changes
+inline constexpr char16_t TestDriver[] = u"TabraTestDriver";       // test driver, no changes (DBMS name SQLite)
 inline constexpr char16_t Access[] = u"TabraTestAccess";           // DBMSName=ACCESS
 inline constexpr char16_t SqlServer[] = u"TabraTestSqlServer";     // DBMSName=Microsoft SQL Server
 inline constexpr char16_t Oracle[] = u"TabraTestOracle";           // DBMSName=Oracle8
 inline constexpr char16_t MySql[] = u"TabraTestMySql";             // DBMSName=MySQL, QuoteChar=`
 inline constexpr char16_t Progress[] = u"TabraTestProgress";       // DBMSName=PROGRESS
 inline constexpr char16_t Excel[] = u"TabraTestExcel";             // DBMSName=EXCEL
+inline constexpr char16_t OtherDbms[] = u"TabraTestOtherDbms";     // DBMSName=TabraTestDBMS (no row of its own)
 inline constexpr char16_t BlankQuote[] = u"TabraTestBlankQuote";   // QuoteChar=space
 inline constexpr char16_t Schemas[] = u"TabraTestSchemas";         // SchemaUsage=0x1f
 inline constexpr char16_t NoPrimaryKeys[] = u"TabraTestNoPrimaryKeys"; // PrimaryKeys=0

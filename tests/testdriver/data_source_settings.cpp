@@ -27,8 +27,10 @@ std::string trimmed(std::string_view text) {
 // Attribute keys by upper-case name, as the settings understand them.
 using Attributes = std::map<std::string, std::string>;
 
-const char *const settingKeys[] = {"DBMSName",   "DBMSVersion", "QuoteChar",   "SchemaUsage", "PrimaryKeys",
-                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState",   "NoRowsNoData"};
+const char *const settingKeys[] = {"DBMSName",    "DBMSVersion", "QuoteChar",   "SchemaUsage",
+                                   "IdentifierCase", "Keywords", "PrimaryKeys", "ConnectInfo",
+                                   "ExecInfo",    "FailPattern", "FailState",   "FailMessage",
+                                   "NoRowsNoData"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
     Attributes attributes;
@@ -84,11 +86,15 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     }
     if (auto *text = value("SchemaUsage"))
         settings.schemaUsage = static_cast<SQLUINTEGER>(std::strtoul(text->c_str(), nullptr, 0));
+    if (auto *text = value("IdentifierCase"))
+        settings.identifierCase = static_cast<SQLUSMALLINT>(std::strtoul(text->c_str(), nullptr, 10));
+    if (auto *text = value("Keywords")) settings.keywords = *text;
     if (auto *text = value("PrimaryKeys")) settings.primaryKeys = std::strtol(text->c_str(), nullptr, 10) != 0;
     if (auto *text = value("ConnectInfo")) settings.connectInfoState = *text;
     if (auto *text = value("ExecInfo")) settings.execInfoState = *text;
     if (auto *text = value("FailPattern")) settings.failPattern = *text;
     if (auto *text = value("FailState")) settings.failState = *text;
+    if (auto *text = value("FailMessage")) settings.failMessage = *text;
     if (auto *text = value("NoRowsNoData")) settings.noRowsNoData = std::strtol(text->c_str(), nullptr, 10) != 0;
     return settings;
 }

@@ -7,11 +7,15 @@
 //   QuoteChar=`              SQLGetInfo(SQL_IDENTIFIER_QUOTE_CHAR); "space" gives a
 //                            blank, "none" the empty text
 //   SchemaUsage=0x1d         SQLGetInfo(SQL_SCHEMA_USAGE), decimal or 0x hex
+//   IdentifierCase=1         SQLGetInfo(SQL_IDENTIFIER_CASE) (1 upper, 2 lower, 3, 4)
+//   Keywords=ALPHA,BETA      SQLGetInfo(SQL_KEYWORDS)
 //   PrimaryKeys=0            SQLGetFunctions says SQLPrimaryKeys is missing
 //   ConnectInfo=01S02        connecting succeeds with info and this SQLSTATE
 //   ExecInfo=01S02           every successful execution succeeds with info
 //   FailPattern=DROP TABLE   statements containing this text (any letter case) fail
 //   FailState=42000          ... with this SQLSTATE (default 42000)
+//   FailMessage=[a]text      ... and this diagnostic message (default "[TabraTestDriver]
+//                            Statement refused for the test: " and the statement)
 //   NoRowsNoData=1           an UPDATE or DELETE run directly that changes no row
 //                            answers SQL_NO_DATA, as ODBC 3 drivers do
 //
@@ -31,11 +35,14 @@ struct DataSourceSettings {
     std::optional<std::string> dbmsVersion;
     std::optional<std::string> quoteChar;
     std::optional<SQLUINTEGER> schemaUsage;
+    std::optional<SQLUSMALLINT> identifierCase;
+    std::optional<std::string> keywords;
     bool primaryKeys = true;
     std::string connectInfoState;
     std::string execInfoState;
     std::string failPattern;
     std::string failState = "42000";
+    std::optional<std::string> failMessage;
     bool noRowsNoData = false;
 
     // True when statement text (of the given length, or SQL_NTS) matches failPattern.

@@ -1,5 +1,5 @@
 // What the driver says about itself: SQLGetInfo answers the data source's DBMSName,
-// DBMSVersion, QuoteChar and SchemaUsage instead of the real driver's, and
+// DBMSVersion, QuoteChar, Keywords, SchemaUsage and IdentifierCase instead of the real driver's, and
 // SQLGetFunctions hides SQLPrimaryKeys when the data source says PrimaryKeys=0 (in
 // the single-function form and in both bitmap forms).
 #include "driver_entry.h"
@@ -25,6 +25,7 @@ std::optional<std::string> textOverride(const DataSourceSettings &settings, SQLU
     case SQL_DBMS_NAME: return settings.dbmsName;
     case SQL_DBMS_VER: return settings.dbmsVersion;
     case SQL_IDENTIFIER_QUOTE_CHAR: return settings.quoteChar;
+    case SQL_KEYWORDS: return settings.keywords;
     default: return std::nullopt;
     }
 }
@@ -52,6 +53,11 @@ TABRA_DRIVER_EXPORT SQLRETURN SQL_API SQLGetInfo(SQLHDBC ConnectionHandle, SQLUS
     if (InfoType == SQL_SCHEMA_USAGE && settings.schemaUsage) {
         if (InfoValue) *static_cast<SQLUINTEGER *>(InfoValue) = *settings.schemaUsage;
         if (StringLength) *StringLength = sizeof(SQLUINTEGER);
+        return SQL_SUCCESS;
+    }
+    if (InfoType == SQL_IDENTIFIER_CASE && settings.identifierCase) {
+        if (InfoValue) *static_cast<SQLUSMALLINT *>(InfoValue) = *settings.identifierCase;
+        if (StringLength) *StringLength = sizeof(SQLUSMALLINT);
         return SQL_SUCCESS;
     }
     return TABRA_REAL(SQLGetInfo)(ConnectionHandle, InfoType, InfoValue, BufferLength, StringLength);

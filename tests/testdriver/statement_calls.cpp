@@ -11,7 +11,8 @@ namespace {
 SQLRETURN refuse(SQLHSTMT statement, const DataSourceSettings &settings, const SQLCHAR *text, SQLINTEGER length) {
     injectDiagnostic(statement, SQL_ERROR,
                      {settings.failState, 1,
-                      "[TabraTestDriver]Statement refused for the test: " + odbcString(text, length)});
+                      settings.failMessage.value_or("[TabraTestDriver]Statement refused for the test: " +
+                                                    odbcString(text, length))});
     return SQL_ERROR;
 }
 

@@ -11,6 +11,7 @@
 #include "tabra_wizards.h"
 #include "wizards/import/resource_ids.h"
 
+#include <algorithm>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -83,7 +84,11 @@ protected:
         EXPECT_EQ(run.pending(), 0);
         return result;
     }
-    std::vector<Row> rows(const std::u16string &sql) const { return queryRows(*connection_, sql); }
+    // The rows of a query whose names are quoted with '"' (backquotes on MariaDB).
+    std::vector<Row> rows(std::u16string sql) const {
+        if (backend() == Backend::MariaDB) std::replace(sql.begin(), sql.end(), u'"', u'`');
+        return queryRows(*connection_, sql);
+    }
 
     ScopedRegistryRoot registry_;
     ScratchFolder scratch_;

@@ -48,7 +48,7 @@ std::vector<TextFileCase> textFileCases() {
          std::vector<std::string>{check(kText.id, kText.dataInFirstLine), check(kText.id, kText.separatorBlank),
                                   check(kText.id, kText.decimalPoint), set(kText.id, kText.leadingDelimiter, u"\""),
                                   set(kText.id, kText.trailingDelimiter, u"\"")},
-         columnType(1, "Number"), u"SELECT F0, F1 FROM imported",
+         columnType(1, "Number"), u"SELECT \"F0\", \"F1\" FROM imported",
          {row({{}, {}}), row({u"a b c", u"1.5"})}},
         {"TabOwnDecimal", "name\tprice\r\nT\xC3\xBCr\t3:75\r\n\xC3\x9F\t-0:5\r\n",
          ownCharacter(kText.decimalOwn, kText.ownDecimal, u":"), columnType(1, "Number"),
@@ -118,7 +118,8 @@ TEST_P(ImportWizardTest, SdiAndSelectionFilesArriveValueByValue) {
          fileSource(ids::kSourceKindPage.sdiFile, ids::kSdiFilePage.id, writeFile("a.sdi", sdi)) +
              std::vector<std::string>{check(ids::kSdiFilePage.id, ids::kSdiFilePage.converter),
                                       next(ids::kSdiFilePage.id)},
-         u"SELECT name, born, code, num, amount, telefon, handy, telefax, email, telefon_privat FROM imported",
+         u"SELECT name, born, code, num, amount, \"Telefon\", \"Handy\", \"Telefax\", \"eMail\", \"Telefon_Privat\" "
+         u"FROM imported",
          {row({u"Müller", u"1999-12-31 00:00:00", u"D-1", u"42", u"3.5", u"0711 2", {}, u"0711 1", {}, {}}),
           row({u"O'Neil", {}, {}, {}, {}, {}, u"0171", {}, {}, {}})}},
         {"Selection",
