@@ -9,6 +9,7 @@
 #include "core/module/module_state.h"
 #include "core/odbc/statement_runner.h"
 #include "ostrel.h"
+#include "platform/text/bounded_text.h"
 #include "sqltext/statement_formatter.h"
 #include "tabra_catalog.h"
 #include "tabra_connection.h"
@@ -81,6 +82,14 @@ void findFreeName(char16_t *name, int32_t capacity, Taken taken) {
     }
 }
 
+// Whether the table list has a table or view of the name (a list that cannot be read
+// counts as taken).
+auto tableTaken(SQLHDBC connection) {
+    return [connection](const char16_t *candidate) {
+        return tabra::catalog::findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, candidate) != 0;
+    };
+}
+
 } // namespace
 
 namespace tabra::catalog {
@@ -133,6 +142,15 @@ int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t 
     return copies ? dropTable(connection, nullptr, oldName, TABRA_DELETE_NO_CONFIRM) : 1;
 }
 
+std::u16string uniqueTableName(SQLHDBC connection, std::u16string_view wanted, int32_t capacity) {
+    if (capacity < 1) return {};
+    std::u16string name(static_cast<std::size_t>(capacity), u'\0');
+    tabra::platform::writeBounded(name.data(), capacity, wanted);
+    if (connection != SQL_NULL_HDBC) findFreeName(name.data(), capacity, tableTaken(connection));
+    name.resize(std::char_traits<char16_t>::length(name.c_str()));
+    return name;
+}
+
 } // namespace tabra::catalog
 
 using namespace tabra::catalog;
@@ -167,9 +185,7 @@ namespace tabra::catalog {
 
 void makeTableNameUnique(SQLHDBC connection, char16_t *name, int32_t capacity) {
     if (connection == SQL_NULL_HDBC || name == nullptr || capacity < 1) return;
-    findFreeName(name, capacity, [connection](const char16_t *candidate) {
-        return findInTableList(connection, TABRA_TABLE_TYPE_ALL, nullptr, 0, candidate) != 0;
-    });
+    findFreeName(name, capacity, tableTaken(connection));
 }
 
 } // namespace tabra::catalog

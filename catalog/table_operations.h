@@ -6,6 +6,8 @@
 #include <sql.h>
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace tabra::catalog {
 
@@ -26,5 +28,9 @@ int32_t renameTable(SQLHDBC connection, const char16_t *oldName, const char16_t 
 // Tabra_CreateUniqueTableName: keeps name (capacity characters) when no table or view
 // has it, else makes it name_1, name_2, ... (cut to the capacity) until one is free.
 void makeTableNameUnique(SQLHDBC connection, char16_t *name, int32_t capacity);
+// Tabra_CreateUniqueTableName: the wanted name when it is not empty and no table or view
+// of the table list has it, else name_1, name_2, ... as a buffer of capacity characters
+// holds it.
+std::u16string uniqueTableName(SQLHDBC connection, std::u16string_view wanted, int32_t capacity);
 
 } // namespace tabra::catalog

@@ -73,6 +73,46 @@ TABRA_API int32_t Tabra_CreateTableWizzard(SQLHDBC connection, char16_t *nameBuf
 TABRA_API INT_PTR CreateTableWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                           LPARAM lParam);
 /* ---- end of create table ---- */
+/* ---- Import ----
+ *
+ * Load the records of an outside source into a new table of the connection, which the
+ * import creates. The sources: a delimited text file, an SDI file, a selection file,
+ * or a table of another data source (the wizard opens its own connection to it, closed
+ * whatever way the wizard ends). The pages: the kind of source ("Step n of m" counts
+ * the pages of that kind), the file and its format or the data source and table, the
+ * fields (each source field becomes a column: name, type, length, imported or not, the
+ * auto-increment column, values that name files whose contents are imported; the
+ * columns' order), the new table's name (proposed from the source, unique), and a
+ * closing page. After Finish the wizard creates the table with one CREATE TABLE and
+ * inserts every row; each statement passes the statement hook (Ostrel_DumpSqlStatement;
+ * any answer but 1 stops quietly). A file that cannot be opened gives message 1615 and
+ * creates no table; a failing CREATE TABLE gives 2.
+ *
+ * Rows go in transactions committed every few thousand rows and at the end (the
+ * connection's autocommit state is restored), several rows per INSERT where the
+ * database takes that; with the statement display switched on (Ostrel_GetDumpState) one
+ * row per statement. A failing INSERT stops the import: the rows before it are in the
+ * table, its diagnostics are shown with its statement and the record's number is told
+ * (message 1651). The user may abort under the progress indicator: the rows so far are
+ * kept. A value that cannot be converted (a date that cannot be read, a number that is
+ * none) stays NULL and stops the import after its row (message 1652). The result is 1
+ * also after such a stop.
+ *
+ * Files are read, never changed: UTF-16 (as the export writes them) or UTF-8, by their
+ * byte-order mark or their first bytes, other 8-bit lines as Latin-1. The last choices
+ * are kept per user in the key "Import" ("Type", "TextFile", "SdiFile", "SelFile",
+ * "Table" and the data source); the telephone/fax converter of SDI files takes its
+ * settings from the key "Software\Ostrel Software\Lumo\Settings".
+ *
+ * On 1 the new table's name is copied into tableName (cut to capacity - 1 characters;
+ * nothing when tableName is null or capacity below 1). */
+TABRA_API int32_t Tabra_ImportTableWizzard(SQLHDBC connection, char16_t *tableName, int32_t capacity);
+TABRA_API INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
+                                     LPARAM lParam);
+/* The field dialog (template 10031): its creation parameter is the wizard's field. */
+TABRA_API INT_PTR EditImportFieldDialogCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+
+/* ---- end of Import ---- */
 
 TABRA_END_DECLS
 

@@ -83,6 +83,7 @@ constexpr std::array kRows = {
         .rebuildsTableForKeys = true,           // the documented table rebuild instead
         .columnSuffix = kOwnKindSuffix,
         .typePatterns = {},
+        .multiRowInsert = true,
         .copyStructureStatement = kCreateAsStructure, .copyKeepsColumnTypes = false,
         .copyWithRowsStatement = kCreateAsRows,
         .renameStatement = kRenameInPlace,
@@ -98,6 +99,7 @@ constexpr std::array kRows = {
         .dropPrimaryKeyStatement = u"ALTER TABLE %t DROP CONSTRAINT %f",
         .columnSuffix = kOwnKindSuffix,
         .typePatterns = kPostgreSqlTypes,
+        .multiRowInsert = true,
         .copyStructureStatement = kCreateAsStructure, .copyWithRowsStatement = kCreateAsRows,
         .renameStatement = kRenameInPlace,
         .dropViewWord = kDropView,
@@ -113,6 +115,7 @@ constexpr std::array kRows = {
         .dropPrimaryKeyStatement = kDropPrimaryKey,
         .columnSuffix = kOwnKindSuffix,
         .typePatterns = kMariaDbTypes,
+        .multiRowInsert = true,
         .copyStructureStatement = kCreateAsStructure, .copyWithRowsStatement = kCreateAsRows,
         .renameStatement = kRenameInPlace,
         .dropViewWord = kDropView,

@@ -117,6 +117,12 @@ struct Capabilities {
     // to the shared table (or typePatternFor()).
     std::span<const TypePattern> typePatterns;
 
+    // ---- Adding rows ----
+
+    // Whether one INSERT may carry several rows, "INSERT INTO %t (...) VALUES (...),(...)":
+    // true on the dialect rows, false on the classic rows (one row per statement).
+    bool multiRowInsert = false;
+
     // ---- Copying, renaming and dropping tables ----
 
     // An empty copy of a table's structure: arguments new table (%t), source table (%t).

@@ -16,6 +16,7 @@
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
 #include "wizards/create_table/resource_ids.h"
+#include "wizards/import/resource_ids.h"
 #include "wizards/records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
@@ -117,6 +118,7 @@ struct Family {
 const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
+    namespace importing = tabra::wizards::importing::ids;
     namespace records = tabra::wizards::records::ids;
     namespace createTable = tabra::wizards::create_table::ids;
     namespace driverInfo = tabra::admin::driver_info::ids;
@@ -143,6 +145,12 @@ const std::vector<Family> &families() {
                 joined(idsOf(query::kOperatorLabel), joined(idsOf(query::kDesignerLabel), idsOf(query::kDesignerString)))),
          joined(idsOf(query::kMessage), idsOf(query::kDesignerMessage)), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
+        {"wizards/import/resource_ids.h",
+         {idsOf(importing::kSourceKindPage), idsOf(importing::kTextFilePage), idsOf(importing::kSelectionFilePage),
+          idsOf(importing::kSdiFilePage), idsOf(importing::kDataSourcePage), idsOf(importing::kSourceTablePage),
+          idsOf(importing::kMappingPage), idsOf(importing::kDestinationPage), idsOf(importing::kClosingPage),
+          idsOf(importing::kFieldDialog)},
+         idsOf(importing::kString), idsOf(importing::kMessage), {importing::kFieldMenu.id}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
         {"wizards/records/resource_ids.h",
          {idsOf(records::kDeleteTablePage), idsOf(records::kUpdateTablePage),
@@ -216,6 +224,8 @@ TEST_P(ShippedLanguage, MessagesKeepTheirInsertsAndButtons) {
         {core::kMessage.fileNotOpened, MB_OK, true},
         {core::kMessage.unbalancedParenthesis, MB_OK, true},
         {tabra::wizards::ids::kMessage.tableWithoutColumns, MB_OK, true},
+        {tabra::wizards::importing::ids::kMessage.stoppedAtRecord, MB_OK, true},
+        {tabra::wizards::importing::ids::kMessage.valueNotConverted, MB_OK, true},
         {tabra::catalog::ids::kMessage.confirmDropTable, MB_YESNO, true},
         {admin::kMessage.confirmDropView, MB_YESNO, true},
         {admin::kMessage.confirmDropColumn, MB_YESNOCANCEL, true},

@@ -1,0 +1,89 @@
+// The import wizard: its state with the choices kept in the registry, the page table
+// handed to the wizard frame, and the import run once the user has finished it.
+#include "core/module/module_state.h"
+#include "core/resource_ids.h"
+#include "ostrel_registry.h"
+#include "platform/text/bounded_text.h"
+#include "tabra_wizards.h"
+#include "wizards/import/import_pages.h"
+#include "wizards/import/import_run.h"
+
+#include <memory>
+#include <new>
+
+namespace tabra::wizards::importing {
+namespace {
+
+// The pages in the order of the frame; the source kind switches its pages on and off.
+constexpr int32_t kPageTable[] = {ids::kSourceKindPage.id,     ids::kSdiFilePage.id,    ids::kSelectionFilePage.id,
+                                  ids::kTextFilePage.id,       ids::kDataSourcePage.id, ids::kSourceTablePage.id,
+                                  ids::kMappingPage.id,        ids::kDestinationPage.id, ids::kClosingPage.id,
+                                  0};
+constexpr dialogs::Page<ImportWizardState> kPages[] = {
+    {ids::kSourceKindPage.id, &kSourceKindPageDialog},   {ids::kSdiFilePage.id, &kSdiFilePageDialog},
+    {ids::kSelectionFilePage.id, &kSelectionFilePageDialog}, {ids::kTextFilePage.id, &kTextFilePageDialog},
+    {ids::kDataSourcePage.id, &kDataSourcePageDialog},   {ids::kSourceTablePage.id, &kSourceTablePageDialog},
+    {ids::kMappingPage.id, &kMappingPageDialog},         {ids::kDestinationPage.id, &kDestinationPageDialog},
+};
+
+std::u16string readString(const char16_t *value, int32_t capacity) {
+    std::u16string text(static_cast<std::size_t>(capacity), u'\0');
+    int32_t length = Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, value,
+                                                   u"", text.data(), capacity, capacity - 1);
+    text.resize(static_cast<std::size_t>(std::max(length, 0)));
+    return text;
+}
+
+// The last choices: the source kind, the files, the data source and its table.
+void readChoices(ImportWizardState &state) {
+    const auto &kinds = ids::kSourceKindPage;
+    int32_t kind = Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, kTypeValue,
+                                               kinds.table);
+    state.sourceKind = kind >= kinds.table && kind <= kinds.selectionFile ? kind : kinds.table;
+    state.textFile = readString(kTextFileValue, kFileNameCapacity);
+    state.sdiFile = readString(kSdiFileValue, kFileNameCapacity);
+    state.selectionFile = readString(kSelectionFileValue, kFileNameCapacity);
+    state.sourceTable = readString(kTableValue, kTableNameCapacity);
+    Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, nullptr,
+                                     &state.sourceRecord);
+    state.converter = TelFaxSettings::fromRegistry();
+}
+
+std::unique_ptr<ImportWizardState> newState() {
+    try {
+        return std::make_unique<ImportWizardState>();
+    } catch (const std::bad_alloc &) {
+        ShowMessage(core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
+        return nullptr;
+    }
+}
+
+} // namespace
+
+} // namespace tabra::wizards::importing
+
+using namespace tabra::wizards::importing;
+
+extern "C" INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
+                                      LPARAM lParam) {
+    auto *state = reinterpret_cast<ImportWizardState *>(Wizzard_GetParam(wizard));
+    if (state == nullptr) return 0;
+    state->wizard = wizard;
+    return tabra::dialogs::answerPage<ImportWizardState>(kPages, pageId, page, *state, message, wParam, lParam);
+}
+
+extern "C" int32_t Tabra_ImportTableWizzard(SQLHDBC connection, char16_t *tableName, int32_t capacity) {
+    auto state = newState();
+    if (!state) return 2;
+    state->connection = connection;
+    readChoices(*state);
+    if (Wizzard_Perform(kPageTable, ImportWizzCallback, tabra::dialogs::kPageEntered, tabra::dialogs::kPageLeft,
+                        reinterpret_cast<LPARAM>(state.get()), ids::kWizardPicture, ids::kString.wizardTitle,
+                        tabra::module::resourceLibrary(), tabra::module::kTranslationModuleName,
+                        WIZZARD_BUTTONS_STANDARD, WIZZARD_SHOW_STEP) != 1)
+        return 2;
+    ImportOutcome outcome = runImport(*state);
+    if (outcome.result == 1 && tableName != nullptr && capacity >= 1)
+        tabra::platform::writeBounded(tableName, capacity, state->table);
+    return outcome.result;
+}

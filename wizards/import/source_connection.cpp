@@ -1,0 +1,26 @@
+// The source connection of a table source.
+#include "wizards/import/import_state.h"
+
+#include "platform/text/bounded_text.h"
+
+namespace tabra::wizards::importing {
+
+bool SourceConnection::open(const DataSourceInfo &record) {
+    close();
+    if (Tabra_ConnectDataSource(&record, &environment_, &connection_) != 0) {
+        close();
+        return false;
+    }
+    dataSource_ = platform::viewOfBuffer(record.DataSourceName, std::size(record.DataSourceName));
+    return true;
+}
+
+void SourceConnection::close() {
+    if (connection_ != SQL_NULL_HDBC || environment_ != SQL_NULL_HENV)
+        Tabra_DisconnectDataSource(&environment_, &connection_);
+    environment_ = SQL_NULL_HENV;
+    connection_ = SQL_NULL_HDBC;
+    dataSource_.clear();
+}
+
+} // namespace tabra::wizards::importing
