@@ -1,8 +1,11 @@
 // Descriptors in rows of dialog controls: each row is a column box, an operator box
 // and a value box; separator rows divide the rows into blocks, one block per group.
 // The boxes may be list boxes or combo boxes.
+#include "query/condition_rows.h"
+
 #include "core/module/module_state.h"
 #include "ostrel.h"
+#include "platform/text/bounded_text.h"
 #include "query/descriptor_text.h"
 #include "query/operator_tables.h"
 #include "tabra_query.h"
@@ -109,8 +112,10 @@ void replaceEntries(HWND box, const std::vector<std::pair<std::u16string, LPARAM
 
 } // namespace
 
-extern "C" void Tabra_OpDesc_To_DialogItems(int32_t kind, const char16_t *descriptor, const char16_t *columnList,
-                                            HWND dialog, const ConditionRow *rows) {
+namespace tabra::query {
+
+void showDescriptorInRows(int32_t kind, const char16_t *descriptor, const char16_t *columnList, HWND dialog,
+                          const ConditionRow *rows) {
     if (!knownKind(kind) || rows == nullptr) return;
     for (const ConditionRow *row = rows; !endsTable(*row); ++row) {
         if (isSeparator(*row)) continue;
@@ -135,14 +140,11 @@ extern "C" void Tabra_OpDesc_To_DialogItems(int32_t kind, const char16_t *descri
     }
 }
 
-extern "C" int32_t Tabra_DialogItems_To_OpDesc(int32_t kind, HWND dialog, const ConditionRow *rows, char16_t *out,
-                                               int32_t outChars) {
-    if (dialog == nullptr || out == nullptr || outChars < 1) return 0;
-    out[0] = u'\0';
-    if (!knownKind(kind) || rows == nullptr) return 1;
+std::u16string descriptorFromRows(int32_t kind, HWND dialog, const ConditionRow *rows, int32_t capacity) {
     std::u16string text;
+    if (!knownKind(kind) || rows == nullptr || capacity < 1) return text;
     // Characters the text may still take; a separator costs one more than it takes.
-    int64_t limit = outChars - 1;
+    int64_t limit = capacity - 1;
     auto append = [&](std::u16string_view piece) {
         int64_t room = limit - static_cast<int64_t>(text.size());
         if (room > 0) text += piece.substr(0, static_cast<size_t>(std::min<int64_t>(room, piece.size())));
@@ -155,7 +157,20 @@ extern "C" int32_t Tabra_DialogItems_To_OpDesc(int32_t kind, HWND dialog, const 
             append(rowLine(kind, dialog, *row));
         }
     }
-    OstrelCopyString(out, text.c_str(), outChars);
+    return std::u16string(tabra::platform::boundedPrefix(text, static_cast<size_t>(capacity)));
+}
+
+} // namespace tabra::query
+
+extern "C" void Tabra_OpDesc_To_DialogItems(int32_t kind, const char16_t *descriptor, const char16_t *columnList,
+                                            HWND dialog, const ConditionRow *rows) {
+    showDescriptorInRows(kind, descriptor, columnList, dialog, rows);
+}
+
+extern "C" int32_t Tabra_DialogItems_To_OpDesc(int32_t kind, HWND dialog, const ConditionRow *rows, char16_t *out,
+                                               int32_t outChars) {
+    if (dialog == nullptr || out == nullptr || outChars < 1) return 0;
+    OstrelCopyString(out, descriptorFromRows(kind, dialog, rows, outChars).c_str(), outChars);
     return 1;
 }
 

@@ -3,6 +3,7 @@
 // or load one.
 #include "core/dialogs/dialog.h"
 #include "ostrel.h"
+#include "query/condition_rows.h"
 #include "query/mask_file.h"
 #include "query/operator_tables.h"
 #include "query/resource_ids.h"
@@ -54,10 +55,15 @@ std::u16string askMaskFileName(HWND dialog, int32_t mode, int32_t titleId) {
     return name.data();
 }
 
+// The rows' descriptor into a buffer of capacity characters.
+void writeRows(HWND dialog, char16_t *out, int32_t capacity) {
+    OstrelCopyString(out, descriptorFromRows(kSelectionKind, dialog, kRows, capacity).c_str(), capacity);
+}
+
 // The parameter block comes from Tabra_Edit_SelDesc: the rows show its descriptor.
 void initialise(HWND dialog, SelectionDialogParameters &parameters) {
     std::u16string descriptor = readBounded(parameters.selDesc, parameters.selDescChars);
-    Tabra_OpDesc_To_DialogItems(kSelectionKind, descriptor.c_str(), parameters.columnList, dialog, kRows);
+    showDescriptorInRows(kSelectionKind, descriptor.c_str(), parameters.columnList, dialog, kRows);
 }
 
 // The first row's column box, in table order, that is still empty (it takes the
@@ -73,7 +79,7 @@ HWND firstEmptyRow(HWND dialog, SelectionDialogParameters &) {
 }
 
 bool accept(HWND dialog, SelectionDialogParameters &parameters) {
-    Tabra_DialogItems_To_OpDesc(kSelectionKind, dialog, kRows, parameters.selDesc, parameters.selDescChars);
+    writeRows(dialog, parameters.selDesc, parameters.selDescChars);
     return true;
 }
 
@@ -85,16 +91,14 @@ void loadMask(HWND dialog, SelectionDialogParameters &parameters, int32_t) {
         ShowMessage(ids::kMessage.notAMask, fileName.c_str(), nullptr, nullptr);
         return;
     }
-    Tabra_OpDesc_To_DialogItems(kSelectionKind, mask->c_str() + kMaskPrefix.size(), parameters.columnList, dialog,
-                                kRows);
+    showDescriptorInRows(kSelectionKind, mask->c_str() + kMaskPrefix.size(), parameters.columnList, dialog, kRows);
 }
 
 void saveMask(HWND dialog, SelectionDialogParameters &, int32_t) {
     std::vector<char16_t> mask(kMaskCapacity, u'\0');
     kMaskPrefix.copy(mask.data(), kMaskPrefix.size());
     char16_t *descriptor = mask.data() + kMaskPrefix.size();
-    Tabra_DialogItems_To_OpDesc(kSelectionKind, dialog, kRows, descriptor,
-                                kMaskCapacity - static_cast<int32_t>(kMaskPrefix.size()));
+    writeRows(dialog, descriptor, kMaskCapacity - static_cast<int32_t>(kMaskPrefix.size()));
     if (isBlank(descriptor)) return;
     std::u16string fileName = askMaskFileName(dialog, OSTREL_FILE_SAVE, ids::kString.saveMaskTitle);
     if (!fileName.empty()) writeMaskFile(fileName, mask.data());
