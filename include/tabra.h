@@ -13,5 +13,6 @@
 #include "tabra_catalog.h"
 #include "tabra_rowset.h"
 #include "tabra_systable.h"
+#include "tabra_wizards.h"
 
 #endif

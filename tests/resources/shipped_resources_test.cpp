@@ -10,6 +10,7 @@
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
+#include "wizards/export/resource_ids.h"
 #include "wizards/resource_ids.h"
 
 #include <gtest/gtest.h>
@@ -95,6 +96,7 @@ struct Family {
 const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
+    namespace exporting = tabra::wizards::exporting::ids;
     std::vector<int32_t> fileErrors;
     for (int32_t code = OSTREL_FILE_ERROR_ACCESS; code <= OSTREL_FILE_ERROR_OTHER; ++code)
         fileErrors.push_back(OSTREL_FILE_ERROR_STRINGS + code);
@@ -109,6 +111,10 @@ const std::vector<Family> &families() {
          joined(idsOf(query::kString), joined(idsOf(query::kOperatorLabel), idsOf(query::kDesignerLabel))),
          idsOf(query::kMessage), {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
+        {"wizards/export/resource_ids.h",
+         {idsOf(exporting::kTablePage), idsOf(exporting::kFieldsPage), idsOf(exporting::kConditionPage),
+          idsOf(exporting::kFilePage), idsOf(exporting::kSummaryPage), idsOf(exporting::kFieldDialog)},
+         idsOf(exporting::kString), idsOf(exporting::kMessage), {exporting::kFieldMenu.id}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
     };
     return all;
@@ -157,6 +163,10 @@ TEST_P(ShippedLanguage, MessagesKeepTheirInsertsAndButtons) {
         {core::kMessage.fileNotOpened, MB_OK, true},
         {core::kMessage.unbalancedParenthesis, MB_OK, true},
         {tabra::wizards::ids::kMessage.tableWithoutColumns, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.fileAccessDenied, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.fileNotOpened, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.fileExists, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.tooManyFiles, MB_OK, true},
         {tabra::catalog::ids::kMessage.confirmDropTable, MB_YESNO, true},
         {admin::kMessage.confirmDropView, MB_YESNO, true},
         {admin::kMessage.confirmDropColumn, MB_YESNOCANCEL, true},

@@ -28,7 +28,7 @@ std::string trimmed(std::string_view text) {
 using Attributes = std::map<std::string, std::string>;
 
 const char *const settingKeys[] = {"DBMSName",   "DBMSVersion", "QuoteChar",   "SchemaUsage", "PrimaryKeys",
-                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState"};
+                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState",  "FailValue"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
     Attributes attributes;
@@ -89,6 +89,7 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     if (auto *text = value("ExecInfo")) settings.execInfoState = *text;
     if (auto *text = value("FailPattern")) settings.failPattern = *text;
     if (auto *text = value("FailState")) settings.failState = *text;
+    if (auto *text = value("FailValue")) settings.failValue = *text;
     return settings;
 }
 

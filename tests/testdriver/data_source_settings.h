@@ -12,6 +12,9 @@
 //   ExecInfo=01S02           every successful execution succeeds with info
 //   FailPattern=DROP TABLE   statements containing this text (any letter case) fail
 //   FailState=42000          ... with this SQLSTATE (default 42000)
+//   FailValue=broken         reading a value that contains this text fails (22018);
+//                            the driver then takes no row arrays, so that every value
+//                            is read with SQLGetData
 //
 // Everything else passes through to the SQLite3 driver unchanged (Database=, ...).
 #pragma once
@@ -34,6 +37,7 @@ struct DataSourceSettings {
     std::string execInfoState;
     std::string failPattern;
     std::string failState = "42000";
+    std::string failValue;
 
     // True when statement text (of the given length, or SQL_NTS) matches failPattern.
     bool refusesStatement(const SQLCHAR *text, SQLINTEGER length) const;
