@@ -48,6 +48,17 @@ TABRA_API int32_t Ostrel_Message_Box(const OstrelMessageBoxRequest *request);
  * notice's handle, or null when the string is missing. */
 TABRA_API HWND Ostrel_DisplayTempWind(HMODULE module, int32_t stringId, int32_t time, uint32_t colour);
 
+/* ---- Dialog fields from the registry ---- */
+
+/* Sets the text of control `control` of dialog to the registry value
+ * root\keyPath\subKey:valueName (read as Ostrel_ReadStringFromRegistry does, up to
+ * 32767 characters), or to defaultValue when there is none (null: the empty text).
+ * Returns the length of the text set, or -1 when the dialog has no such control. The
+ * flags are reserved (pass 0). */
+TABRA_API int32_t Ostrel_ReadEditFieldFromRegistry(HWND dialog, int32_t control, HKEY root, const char16_t *keyPath,
+                                                   uint32_t flags, const char16_t *subKey, const char16_t *valueName,
+                                                   const char16_t *defaultValue);
+
 /* ---- Progress indicators ---- */
 
 #define OSTREL_PROGRESS_NO_ABORT 0x1u /* no abort button */

@@ -11,7 +11,8 @@
  * translation module's table before the page procedure sees them.
  *
  * Pages: each entry of the page table is a dialog template of the resource library
- * (a child template, about 200 x 140 dialog units). A page is created when it is
+ * (a child template with 7-unit margins of its own, as any dialog has: the frame puts
+ * it right beside the picture). A page is created when it is
  * first shown and kept until the frame closes, so its controls keep what the user
  * entered while he goes back and forth. The page's dialog procedure is the frame's:
  * it hands every message to the page procedure together with the wizard handle and

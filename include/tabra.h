@@ -14,5 +14,6 @@
 #include "tabra_rowset.h"
 #include "tabra_systable.h"
 #include "tabra_wizards.h"
+#include "tabra_admin.h"
 
 #endif

@@ -16,6 +16,34 @@
 
 TABRA_BEGIN_DECLS
 
+/* ---- Update and delete records ----
+ *
+ * Change or remove many records of one table at once without writing SQL: choose the
+ * table (the tables of the record's DbObjectType, the record's DbObjectName chosen),
+ * state which records (up to five conditions that all hold: column, operator, value),
+ * for an update which columns get which values (up to three: set empty, to a value, to
+ * a column, to an expression), and see how many records that are. The wizard then runs
+ * one statement, "DELETE from <table> [WHERE (<condition>)]" or "UPDATE <table> SET
+ * <assignments> [WHERE (<condition>)]", with the names quoted for the database: an
+ * empty condition changes EVERY record. The statement passes the statement hook
+ * (Ostrel_DumpSqlStatement; any answer but 1 cancels it quietly) and counts as done
+ * only when the driver answers SQL_SUCCESS: anything else, an informational answer
+ * and SQL_NO_DATA included, shows the statement's diagnostics with its text.
+ *
+ * The delete wizard deletes after Finish; 1 only when the statement succeeded. The
+ * update wizard updates when its confirmation page is left (a failure keeps the user
+ * there, to go back and change his input) and ends on a result page; 1 after Finish.
+ * On 1 the object record, when given, receives the wizard's copy of it whole (144
+ * bytes: the chosen table in DbObjectName); on 2 it is untouched. Without a record the
+ * wizard lists the tables (TABRA_OBJECT_TABLE), the first one chosen. callerValue is kept
+ * and not used. */
+TABRA_API int32_t Tabra_DeleteRecordsWizzard(SQLHDBC connection, DbObjectInfo *objectRecord, int32_t callerValue);
+TABRA_API int32_t Tabra_UpdateRecordsWizzard(SQLHDBC connection, DbObjectInfo *objectRecord, int32_t callerValue);
+TABRA_API INT_PTR DelRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
+                                      LPARAM lParam);
+TABRA_API INT_PTR UpdRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
+                                      LPARAM lParam);
+
 /* ---- Export ----
  *
  * Copy the records of one table into a delimited text file. The pages: the table (the

@@ -92,6 +92,8 @@ run_suite() { # name build-directory
 # host programs: every example is built against it twice, with find_package(Tabra) and
 # with pkg-config, and each build runs headless on the demo database as
 # "EXAMPLE DATA_SOURCE TABLE FOLDER"; both builds must succeed and leave the same files.
+# An example that plays a script finds NAME.script beside itself; one with a
+# NAME.expected must have written exactly that.
 install_check() { # build-directory
     local prefix="$WORK/install" examples="$WORK/examples" strict="-Wall -Wextra -Wpedantic -Werror"
     step "Install check"
@@ -111,6 +113,7 @@ install_check() { # build-directory
         # shellcheck disable=SC2046,SC2086
         cc -std=c11 $strict "$source" -o "$examples/pkg-config/$name" \
             $(PKG_CONFIG_PATH="$pcdir" pkg-config --define-variable=prefix="$prefix" --cflags --libs tabra) || return 1
+        if [[ -f "${source%.c}.script" ]]; then cp "${source%.c}.script" "$examples/pkg-config/"; fi
     done
     export ODBCSYSINI="$BUILD_ROOT/$1/tests/odbc" ODBCINI="$examples/odbc.ini"
     TABRA_DEMO_DATABASE="$examples/demo.sqlite" bash "$ROOT/tools/demo/make-demo-data.sh" >/dev/null || return 1
@@ -123,6 +126,10 @@ install_check() { # build-directory
         done
         diff -r "$examples/out-cmake/$name" "$examples/out-pkg-config/$name" >/dev/null \
             || { echo "the two builds of the example $name wrote different files"; return 1; }
+        if [[ -f "${source%.c}.expected" ]]; then
+            cat "$examples/out-cmake/$name"/* | diff "${source%.c}.expected" - \
+                || { echo "the example $name wrote other than $name.expected says"; return 1; }
+        fi
         count=$((count + 1))
     done
     SUMMARY+=("install: $count example(s) built with find_package and with pkg-config ran against the installed library")

@@ -43,6 +43,33 @@ std::string fontOf(const Window &dialog, const WidgetRecord *parentContainer) {
     return fontDescription(state ? state->fontName : std::u16string(), state ? state->fontSize : 0);
 }
 
+// The area of a dialog or page: a GtkFixed exactly as large as its template. What its
+// children would like (a wrapping label asks for its whole text on one line) never
+// makes a dialog larger than its template, nor a page's wish its frame.
+struct TabraTemplateArea {
+    GtkFixed parent;
+};
+struct TabraTemplateAreaClass {
+    GtkFixedClass parentClass;
+};
+G_DEFINE_TYPE(TabraTemplateArea, tabra_template_area, GTK_TYPE_FIXED)
+
+void tabra_template_area_init(TabraTemplateArea *) {}
+
+// No wish of its own: GTK then takes the size request, the template's size.
+void noWish(GtkWidget *, gint *minimum, gint *natural) { *minimum = *natural = 0; }
+
+void tabra_template_area_class_init(TabraTemplateAreaClass *type) {
+    GTK_WIDGET_CLASS(type)->get_preferred_width = noWish;
+    GTK_WIDGET_CLASS(type)->get_preferred_height = noWish;
+}
+
+GtkWidget *templateArea(const PixelRect &size) {
+    GtkWidget *area = GTK_WIDGET(g_object_new(tabra_template_area_get_type(), nullptr));
+    gtk_widget_set_size_request(area, size.width, size.height);
+    return area;
+}
+
 } // namespace
 
 WidgetRecord *WidgetTree::find(HWND handle) {
@@ -79,9 +106,7 @@ WidgetRecord *WidgetTree::buildTopLevel(const Window &dialog) {
     // area, a dialog's frame is centred on the owner's frame too.
     gtk_window_set_gravity(GTK_WINDOW(window), GDK_GRAVITY_STATIC);
     styleDialogWindow(window, record.font);
-    GtkWidget *fixed = gtk_fixed_new();
-    PixelRect size = toPixels(dialog.frame, record.units);
-    gtk_widget_set_size_request(fixed, size.width, size.height);
+    GtkWidget *fixed = templateArea(toPixels(dialog.frame, record.units));
     gtk_container_add(GTK_CONTAINER(window), fixed);
     gtk_widget_show(fixed);
     record.outer = window;
@@ -113,10 +138,9 @@ WidgetRecord *WidgetTree::buildPage(const Window &page) {
     record.kind = WindowKind::Dialog;
     record.font = fontOf(page, fontSource);
     record.units = measureBaseUnits(record.font);
-    GtkWidget *fixed = gtk_fixed_new();
-    if (!fontSource || record.font != fontSource->font) setFont(fixed, record.font);
     PixelRect place = toPixels(page.frame, record.units);
-    gtk_widget_set_size_request(fixed, place.width, place.height);
+    GtkWidget *fixed = templateArea(place);
+    if (!fontSource || record.font != fontSource->font) setFont(fixed, record.font);
     gtk_fixed_put(GTK_FIXED(container->fixed), fixed, originX + place.x, originY + place.y);
     gtk_widget_set_visible(fixed, page.visible);
     record.outer = record.inner = record.fixed = fixed;

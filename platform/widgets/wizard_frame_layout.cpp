@@ -1,6 +1,8 @@
 // The wizard frame's layout. Classic proportions: 7-unit margins, 50 x 14 buttons, Back
-// and Next close together and Cancel a margin apart; the picture fills the left side
-// above the line, as tall as the page area with its margins and about as wide as keeps
+// and Next close together and Cancel a margin apart. Pages bring their own margins, as
+// every dialog template does, so the page area lies right beside the picture and under
+// the frame's top edge. The picture fills the left side above the line, as tall as the
+// page area and about as wide as keeps
 // the shipped pictures' proportions (164 x 314 pixels): a vertical dialog unit is about
 // twice a horizontal one in pixels, and a unit is a quarter of a horizontal base unit
 // but an eighth of a vertical one, so the proportions carry over as they are.
@@ -50,14 +52,14 @@ WizardFrameLayout layoutWizardFrame(const std::vector<const platform::DialogTemp
         pageWidth = std::max(pageWidth, page->width);
         pageHeight = std::max(pageHeight, page->height);
     }
-    int32_t top = pageHeight + 2 * kMargin; // the picture's height: down to the line
+    int32_t top = pageHeight; // the picture's height: down to the line
     int32_t pictureWidth = (top * kPictureWidthPerHeight[0] + kPictureWidthPerHeight[1] / 2) / kPictureWidthPerHeight[1];
 
     WizardFrameLayout layout;
     auto &frame = layout.frame;
-    layout.pageX = pictureWidth + kMargin;
-    layout.pageY = kMargin;
-    frame.width = layout.pageX + pageWidth + kMargin;
+    layout.pageX = pictureWidth;
+    layout.pageY = 0;
+    frame.width = layout.pageX + pageWidth;
     frame.height = top + kMargin + kButtonHeight + kMargin;
     frame.style = kFrameStyle;
     if (!pages.empty()) {

@@ -18,7 +18,7 @@ struct WizardFrameLayout {
 };
 
 // The frame for pages of these templates (at least one): the page area as wide and
-// as high as the largest page, the picture `pictureName` beside it, and the buttons
+// as high as the largest page (pages have their own 7-unit margins), the picture `pictureName` beside it, and the buttons
 // of `buttons` (WIZZARD_BUTTON_*; hidden when not asked for), and the step text when
 // asked for. The font is the first page's.
 WizardFrameLayout layoutWizardFrame(const std::vector<const platform::DialogTemplate *> &pages,

@@ -9,9 +9,11 @@
 
 #include "platform/gtk/gtk_automation.h"
 #include "platform/gtk/gtk_session.h"
+#include "platform/gtk/label_text.h"
 #include "platform/resources/resource_module.h"
 #include "platform/resources/resource_script_file.h"
 #include "platform/window/renderer_selection.h"
+#include "platform/window/window_registry.h"
 #include "tabra_window.h"
 
 #include <gtest/gtest.h>
@@ -58,6 +60,38 @@ inline HMODULE loadShippedResources(const std::string &language) {
 inline HMODULE englishResources() {
     static HMODULE module = loadShippedResources("en");
     return module;
+}
+
+// A label may be a few pixels taller than its rectangle (GTK's line height exceeds the
+// font height the dialog units come from), not a line taller.
+inline constexpr int kLabelHeightSlack = 5;
+
+// Checks the texts of a dialog's (or page's) visible controls against their rectangles:
+// a label that needs a line more than it has room for, or a button too narrow for its
+// caption, is a layout fault of the template or of the renderer's sizes.
+inline void expectTextsFit(HWND dialog, const std::string &where) {
+    auto window = window::findWindow(dialog);
+    ASSERT_NE(window, nullptr);
+    for (HWND child : window->children) {
+        auto control = window::findWindow(child);
+        GtkWidget *widget = control ? gtk::automation::widgetOf(child) : nullptr;
+        if (!widget || !control->visible || control->text.empty()) continue;
+        std::string name = where + " control " + std::to_string(control->id) + " \"" + gtk::utf8(control->text) + "\"";
+        GtkAllocation area;
+        gtk_widget_get_allocation(widget, &area);
+        if (GTK_IS_LABEL(widget)) {
+            int needed = 0;
+            gtk_widget_get_preferred_height_for_width(widget, area.width, &needed, nullptr);
+            int given = gtk_widget_get_allocated_height(widget);
+            GtkRequisition requested;
+            gtk_widget_get_size_request(widget, &requested.width, &requested.height);
+            EXPECT_LE(needed, requested.height + kLabelHeightSlack) << name << " needs " << needed << " pixels, has " << given;
+        } else if (GTK_IS_BUTTON(widget) && !GTK_IS_FRAME(widget)) {
+            int natural = 0;
+            gtk_widget_get_preferred_width(widget, nullptr, &natural);
+            EXPECT_LE(natural, area.width) << name << " wants " << natural << " pixels across, has " << area.width;
+        }
+    }
 }
 
 // Runs every test on the GTK renderer, or skips it when there is no display. A test

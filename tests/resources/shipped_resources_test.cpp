@@ -2,6 +2,7 @@
 // family headers name, the languages agree on every id, button set and insert, and
 // the dialogs the code opens hold the controls it drives, laid out inside their frames.
 #include "admin/resource_ids.h"
+#include "admin/sql_performer/resource_ids.h"
 #include "catalog/resource_ids.h"
 #include "core/resource_ids.h"
 #include "ostrel_ui.h"
@@ -11,6 +12,7 @@
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
 #include "wizards/export/resource_ids.h"
+#include "wizards/records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
 #include <gtest/gtest.h>
@@ -76,13 +78,18 @@ std::vector<int32_t> joined(std::vector<int32_t> first, const std::vector<int32_
     return first;
 }
 
+// The controls of the rows of a row table.
+std::vector<int32_t> rowControls(const ConditionRow *rows) {
+    std::vector<int32_t> controls;
+    for (const ConditionRow *row = rows; row->column > 0; ++row)
+        if (row->column > 1) controls.insert(controls.end(), {row->column, row->operation, row->value});
+    return controls;
+}
+
 // The condition rows of the selection dialog are controls of it too.
 std::vector<int32_t> selectionRowControls() {
     constexpr ConditionRow rows[] = TABRA_SELECTION_DIALOG_ROWS;
-    std::vector<int32_t> controls;
-    for (const ConditionRow &row : rows)
-        if (row.column > 1) controls.insert(controls.end(), {row.column, row.operation, row.value});
-    return controls;
+    return rowControls(rows);
 }
 
 // What a family header names: each dialog as its template id followed by its
@@ -97,6 +104,7 @@ const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
     namespace exporting = tabra::wizards::exporting::ids;
+    namespace records = tabra::wizards::records::ids;
     std::vector<int32_t> fileErrors;
     for (int32_t code = OSTREL_FILE_ERROR_ACCESS; code <= OSTREL_FILE_ERROR_OTHER; ++code)
         fileErrors.push_back(OSTREL_FILE_ERROR_STRINGS + code);
@@ -116,6 +124,18 @@ const std::vector<Family> &families() {
           idsOf(exporting::kFilePage), idsOf(exporting::kSummaryPage), idsOf(exporting::kFieldDialog)},
          idsOf(exporting::kString), idsOf(exporting::kMessage), {exporting::kFieldMenu.id}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
+        {"wizards/records/resource_ids.h",
+         {idsOf(records::kDeleteTablePage), idsOf(records::kUpdateTablePage),
+          joined(idsOf(records::kDeleteConditionPage), rowControls(records::kConditionRows)),
+          joined(idsOf(records::kUpdateConditionPage), rowControls(records::kConditionRows)),
+          joined(idsOf(records::kAssignmentPage), rowControls(records::kAssignmentRows)), idsOf(records::kSummaryPage),
+          idsOf(records::kConfirmationPage), idsOf(records::kResultPage)},
+         idsOf(records::kString), idsOf(records::kMessage), {}},
+        {"admin/sql_performer/resource_ids.h",
+         {idsOf(tabra::admin::sql_performer::ids::kRecordPerformerDialog),
+          idsOf(tabra::admin::sql_performer::ids::kConnectionPerformerDialog),
+          idsOf(tabra::admin::sql_performer::ids::kSqlHelpDialog)},
+         idsOf(tabra::admin::sql_performer::ids::kString), {}, {}},
     };
     return all;
 }
@@ -189,6 +209,9 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
     constexpr uint32_t readOnly = ES_READONLY, multiLine = ES_MULTILINE | ES_READONLY;
     const auto &error = kErrorDialog;
     const auto &combined = kDataSourceAndSchemaDialog;
+    const auto &performer = tabra::admin::sql_performer::ids::kRecordPerformerDialog;
+    const auto &heldPerformer = tabra::admin::sql_performer::ids::kConnectionPerformerDialog;
+    const auto &sqlHelp = tabra::admin::sql_performer::ids::kSqlHelpDialog;
     const struct {
         int32_t dialog;
         std::vector<int32_t> controls;
@@ -208,6 +231,12 @@ TEST_P(ShippedLanguage, LibraryDialogsHoldTheControlsTheCodeDrives) {
         {combined.id, {combined.dataSource, combined.user, combined.schema}, ControlKind::Edit, 0},
         {combined.id, {combined.password}, ControlKind::Edit, ES_PASSWORD},
         {combined.id, {combined.chooseDataSource, combined.chooseSchema, IDOK, IDCANCEL}, ControlKind::PushButton, 0},
+        {performer.id, {performer.statement}, ControlKind::Edit, ES_MULTILINE | ES_WANTRETURN},
+        {performer.id, {performer.dataSource}, ControlKind::Edit, ES_READONLY},
+        {performer.id, {performer.history}, ControlKind::ListBox, 0},
+        {heldPerformer.id, {heldPerformer.statement}, ControlKind::Edit, ES_MULTILINE | ES_WANTRETURN},
+        {heldPerformer.id, {heldPerformer.history}, ControlKind::ListBox, 0},
+        {sqlHelp.id, {sqlHelp.examples}, ControlKind::ListBox, 0},
     };
     const ResourceTables &tables = shipped(GetParam());
     for (const auto &e : expected) {

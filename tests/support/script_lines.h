@@ -10,10 +10,15 @@
 
 namespace tabra::test {
 
-// A text in the script's quotes, with its quotes and backslashes escaped.
+// A text in the script's quotes, with its quotes, backslashes, line breaks and tabs
+// escaped.
 inline std::string quoted(std::u16string_view text) {
     std::string line = "\"";
     for (char c : toUtf8(text)) {
+        if (c == '\n' || c == '\r' || c == '\t') {
+            line += c == '\n' ? "\\n" : c == '\r' ? "\\r" : "\\t";
+            continue;
+        }
         if (c == '"' || c == '\\') line.push_back('\\');
         line.push_back(c);
     }

@@ -28,7 +28,8 @@ std::string trimmed(std::string_view text) {
 using Attributes = std::map<std::string, std::string>;
 
 const char *const settingKeys[] = {"DBMSName",   "DBMSVersion", "QuoteChar",   "SchemaUsage", "PrimaryKeys",
-                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState",  "FailValue"};
+                                   "ConnectInfo", "ExecInfo",    "FailPattern", "FailState",   "FailValue",
+                                   "NoRowsNoData"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
     Attributes attributes;
@@ -90,6 +91,7 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     if (auto *text = value("FailPattern")) settings.failPattern = *text;
     if (auto *text = value("FailState")) settings.failState = *text;
     if (auto *text = value("FailValue")) settings.failValue = *text;
+    if (auto *text = value("NoRowsNoData")) settings.noRowsNoData = std::strtol(text->c_str(), nullptr, 10) != 0;
     return settings;
 }
 
@@ -106,6 +108,12 @@ bool DataSourceSettings::refusesStatement(const SQLCHAR *text, SQLINTEGER length
     if (failPattern.empty()) return false;
     std::string statement = upper(odbcString(text, length));
     return statement.find(upper(failPattern)) != std::string::npos;
+}
+
+bool DataSourceSettings::answersNoData(const SQLCHAR *text, SQLINTEGER length) const {
+    if (!noRowsNoData) return false;
+    std::string statement = upper(trimmed(odbcString(text, length)));
+    return statement.rfind("UPDATE", 0) == 0 || statement.rfind("DELETE", 0) == 0;
 }
 
 DataSourceSettings readDataSourceSettings(const std::string &dsn) {

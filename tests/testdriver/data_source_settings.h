@@ -15,6 +15,8 @@
 //   FailValue=broken         reading a value that contains this text fails (22018);
 //                            the driver then takes no row arrays, so that every value
 //                            is read with SQLGetData
+//   NoRowsNoData=1           an UPDATE or DELETE run directly that changes no row
+//                            answers SQL_NO_DATA, as ODBC 3 drivers do
 //
 // Everything else passes through to the SQLite3 driver unchanged (Database=, ...).
 #pragma once
@@ -38,9 +40,12 @@ struct DataSourceSettings {
     std::string failPattern;
     std::string failState = "42000";
     std::string failValue;
+    bool noRowsNoData = false;
 
     // True when statement text (of the given length, or SQL_NTS) matches failPattern.
     bool refusesStatement(const SQLCHAR *text, SQLINTEGER length) const;
+    // True when text is an UPDATE or DELETE whose "no rows" answer is SQL_NO_DATA.
+    bool answersNoData(const SQLCHAR *text, SQLINTEGER length) const;
 };
 
 // Reads the settings of data source `dsn` from odbc.ini (user, then system).

@@ -1,6 +1,7 @@
 // Preparing and executing statements: statements matching the data source's
-// FailPattern are refused with its FailState before the real driver sees them, and
-// with ExecInfo every plainly successful execution succeeds with information.
+// FailPattern are refused with its FailState before the real driver sees them, with
+// ExecInfo every plainly successful execution succeeds with information, and with
+// NoRowsNoData an UPDATE or DELETE that changed nothing answers SQL_NO_DATA.
 #include "driver_entry.h"
 #include "handle_registry.h"
 
@@ -32,7 +33,12 @@ TABRA_DRIVER_EXPORT SQLRETURN SQL_API SQLExecDirect(SQLHSTMT StatementHandle, SQ
     DataSourceSettings settings = statementSettings(StatementHandle);
     if (settings.refusesStatement(StatementText, TextLength))
         return refuse(StatementHandle, settings, StatementText, TextLength);
-    return executed(StatementHandle, settings, TABRA_REAL(SQLExecDirect)(StatementHandle, StatementText, TextLength));
+    SQLRETURN rc = TABRA_REAL(SQLExecDirect)(StatementHandle, StatementText, TextLength);
+    SQLLEN changed = -1;
+    if (rc == SQL_SUCCESS && settings.answersNoData(StatementText, TextLength) &&
+        TABRA_REAL(SQLRowCount)(StatementHandle, &changed) == SQL_SUCCESS && changed == 0)
+        return SQL_NO_DATA;
+    return executed(StatementHandle, settings, rc);
 }
 
 TABRA_DRIVER_EXPORT SQLRETURN SQL_API SQLPrepare(SQLHSTMT StatementHandle, SQLCHAR *StatementText,
