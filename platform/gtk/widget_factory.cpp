@@ -42,9 +42,6 @@ void makeStatic(WidgetRecord &record, const Window &control) {
                                                                 : GTK_JUSTIFY_LEFT);
     gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
     gtk_label_set_line_wrap_mode(GTK_LABEL(label), PANGO_WRAP_WORD_CHAR);
-    // A wrapping label's natural width is its text on one line, which would widen the
-    // window past the template: at most the template's width (4 units a character).
-    gtk_label_set_max_width_chars(GTK_LABEL(label), std::max(1, control.frame.width / 4));
     if (control.style & SS_SUNKEN) {
         GtkWidget *frame = gtk_frame_new(nullptr);
         gtk_frame_set_shadow_type(GTK_FRAME(frame), GTK_SHADOW_IN);
