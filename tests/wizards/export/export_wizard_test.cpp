@@ -80,7 +80,8 @@ TEST_P(ExportWizardTest, EveryPageWithItsRefusalsAndTheFileByteForByte) {
              // An empty file name is refused; then the format.
              onDialog(kFilePage.id, "set", kFilePage.fileName, "\"\""), next(kFilePage.id),
              answer(exportIds::kMessage.noFileName, "ok"),
-             onDialog(kFilePage.id, "set", kFilePage.fileName, inQuotes(toUtf16(file))),
+             onDialog(kFilePage.id, "set", kFilePage.fileName, "\"draft.txt\""), click(kFilePage.id, kFilePage.browse),
+             "file: choose " + inQuotes(toUtf16(file)),
              onDialog(kFilePage.id, "check", kFilePage.separatorOwn),
              onDialog(kFilePage.id, "set", kFilePage.ownSeparator, "\"|\""),
              onDialog(kFilePage.id, "check", kFilePage.decimalOwn),
@@ -100,6 +101,9 @@ TEST_P(ExportWizardTest, EveryPageWithItsRefusalsAndTheFileByteForByte) {
     for (int32_t message : {exportIds::kMessage.emptyHeading, exportIds::kMessage.noFieldChosen,
                             shared::kMessage.noMatchingRows, exportIds::kMessage.noFileName})
         EXPECT_EQ(shown(run, message), 1u) << message;
+    auto browsed = run.records(TABRA_RECORD_FILE_DIALOG);
+    ASSERT_EQ(browsed.size(), 1u);
+    EXPECT_EQ(browsed[0].text, u"draft.txt") << "the typed name is proposed";
     EXPECT_EQ(std::u16string(object.DbObjectName), u"people") << "the chosen table comes back";
     EXPECT_EQ(object.DbObjectType, before.DbObjectType);
     EXPECT_TRUE(std::equal(std::begin(object.Reserved), std::end(object.Reserved), std::begin(before.Reserved)));
