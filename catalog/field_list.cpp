@@ -174,6 +174,17 @@ std::optional<std::u16string> fieldList(SQLHDBC connection, const char16_t *tabl
     return list;
 }
 
+int32_t fieldCount(SQLHDBC connection, const char16_t *table) {
+    if (connection == SQL_NULL_HDBC || table == nullptr) return 2;
+    StatementRunner statement(connection, nullptr);
+    if (statement.allocate() != RunResult::Done ||
+        statement.check(callColumns(statement.handle(), nullptr, table)) != RunResult::Done)
+        return 2;
+    int32_t count = 0;
+    while (succeeded(statement.fetch())) ++count;
+    return count;
+}
+
 } // namespace tabra::catalog
 
 extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, int32_t flags,
@@ -188,14 +199,7 @@ extern "C" int32_t Tabra_GetFields(SQLHDBC connection, const char16_t *tables, i
 }
 
 extern "C" int32_t Tabra_GetFieldCount(SQLHDBC connection, const char16_t *table) {
-    if (connection == SQL_NULL_HDBC || table == nullptr) return 2;
-    StatementRunner statement(connection, nullptr);
-    if (statement.allocate() != RunResult::Done ||
-        statement.check(callColumns(statement.handle(), nullptr, table)) != RunResult::Done)
-        return 2;
-    int32_t count = 0;
-    while (succeeded(statement.fetch())) ++count;
-    return count;
+    return fieldCount(connection, table);
 }
 
 extern "C" void Tabra_FillFieldsBox(SQLHDBC connection, const char16_t *tables, HWND box, int32_t flags) {

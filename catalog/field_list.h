@@ -18,4 +18,8 @@ namespace tabra::catalog {
 std::optional<std::u16string> fieldList(SQLHDBC connection, const char16_t *tables, int32_t flags,
                                         std::u16string_view separator, int32_t capacity);
 
+// Tabra_GetFieldCount: the number of rows the column catalog gives for the table; 2 on
+// any failure (shown), which cannot be told from two columns.
+int32_t fieldCount(SQLHDBC connection, const char16_t *table);
+
 } // namespace tabra::catalog

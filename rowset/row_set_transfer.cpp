@@ -2,6 +2,7 @@
 // effect.
 #include "rowset/row_set.h"
 
+#include "core/connection/connection_info.h"
 #include "core/odbc/statement_runner.h"
 #include "ostrel.h"
 #include "tabra_rowset.h"
@@ -27,15 +28,17 @@ int32_t transferRows(SQLHDBC connection, const char16_t *text, const char16_t *t
         statement.fail(rc);
         return 2;
     }
-    RowSetReader reader(statement.handle(), sink.valueCapacity());
-    if (sink.fetchesBlocks()) reader.useBlocks(*columns);
+    RowSetReader reader(statement.handle(), sink.valueCapacity(), *columns,
+                        connection::fetchesTextAsUtf8(connection) ? TextTransfer::Utf8 : TextTransfer::Wide);
+    if (sink.fetchesBlocks()) reader.useBlocks();
     while (!sink.stopped()) {
         SQLRETURN rc = reader.nextRow();
         if (rc == SQL_NO_DATA) break;
         if (SQL_SUCCEEDED(rc)) rc = sink.takeRow(reader, *columns);
         if (!SQL_SUCCEEDED(rc)) {
             statement.fail(rc);
-            return 2;
+            if (!sink.keepsRowsAfterFailedRead()) return 2;
+            break;
         }
     }
     return sink.finish() ? 1 : 2;

@@ -34,6 +34,9 @@ public:
     // Whether the transfer ends before the next row (the user aborted, the target
     // failed, there is nothing to fetch); asked after begin() and after every row.
     virtual bool stopped() const { return false; }
+    // Whether a fetch or a read that fails ends the rows as a success: the failure is
+    // shown all the same, then finish() decides. false: the transfer fails at once.
+    virtual bool keepsRowsAfterFailedRead() const { return false; }
     // After the last row or a stop: whether the transfer succeeded (a failure has been
     // reported by the sink).
     virtual bool finish() { return true; }

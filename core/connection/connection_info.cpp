@@ -89,6 +89,14 @@ std::u16string keywords(SQLHDBC connection) {
     return list;
 }
 
+bool fetchesTextAsUtf8(SQLHDBC connection) {
+    if (!equalsIgnoringCase(dbmsName(connection), u"MARIADB")) return false;
+    char16_t collation[kDbmsNameBytes] = {};
+    readTextInfo(connection, SQL_COLLATION_SEQ, collation, kDbmsNameBytes);
+    const std::u16string_view name(collation);
+    return name.size() >= 4 && equalsIgnoringCase(name.substr(0, 4), u"UTF8");
+}
+
 SQLRETURN readTextInfo(SQLHDBC connection, SQLUSMALLINT code, char16_t *buffer, int32_t length) {
     if (buffer == nullptr || length < 1) return SQL_ERROR;
     buffer[0] = u'\0';

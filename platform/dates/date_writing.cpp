@@ -48,14 +48,12 @@ void appendTime(std::u16string &out, const DateTimeStruct &value, bool withFract
 
 } // namespace
 
-std::optional<std::u16string> formatUserDate(const DateTimeStruct &value, const UserDateFormat &format,
-                                             bool withTime) {
+bool appendUserDate(std::u16string &out, const DateTimeStruct &value, const UserDateFormat &format, bool withTime) {
     if (!isWritable(value))
-        return std::nullopt;
-    std::u16string out;
+        return false;
     if (isTimeOnly(value)) {
         appendTime(out, value, false);
-        return out;
+        return true;
     }
     int first = value.Day, second = value.Month, third = value.Year; // day.month.year
     if (format.order == DateOrder::MonthDayYear) {
@@ -74,6 +72,14 @@ std::optional<std::u16string> formatUserDate(const DateTimeStruct &value, const 
         out += u' ';
         appendTime(out, value, false);
     }
+    return true;
+}
+
+std::optional<std::u16string> formatUserDate(const DateTimeStruct &value, const UserDateFormat &format,
+                                             bool withTime) {
+    std::u16string out;
+    if (!appendUserDate(out, value, format, withTime))
+        return std::nullopt;
     return out;
 }
 

@@ -19,6 +19,8 @@ void appendNumber(std::u16string &out, int value, int minDigits);
 // by " hh:mm:ss" when withTime; a time without a date is written "hh:mm:ss".
 std::optional<std::u16string> formatUserDate(const DateTimeStruct &value, const UserDateFormat &format,
                                              bool withTime);
+// The same appended to out; false (and out as it was) when there is nothing to write.
+bool appendUserDate(std::u16string &out, const DateTimeStruct &value, const UserDateFormat &format, bool withTime);
 
 // "yyyy-mm-dd hh:mm:ss", or "hh:mm:ss" for a time without a date; a fraction that is
 // not zero follows as ".f" with its trailing zeros dropped.

@@ -132,8 +132,13 @@ void makeComboBox(WidgetRecord &record, const Window &control) {
         window::isDropDownList(control) ? gtk_combo_box_text_new() : gtk_combo_box_text_new_with_entry();
     if (GtkWidget *entry = gtk_bin_get_child(GTK_BIN(record.inner)); entry && GTK_IS_ENTRY(entry))
         gtk_entry_set_width_chars(GTK_ENTRY(entry), 1);
-    // The cell of a drop-down list wants a natural width of its own; the template's wins.
+    // The cell of a drop-down list wants the width of its longest item; the template's
+    // wins, and an item wider than the box is shortened with an ellipsis.
     gtk_widget_set_hexpand(record.inner, FALSE);
+    GList *cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(record.inner));
+    for (GList *cell = cells; cell != nullptr; cell = cell->next)
+        if (GTK_IS_CELL_RENDERER_TEXT(cell->data)) g_object_set(cell->data, "ellipsize", PANGO_ELLIPSIZE_END, nullptr);
+    g_list_free(cells);
 }
 
 void makeListView(WidgetRecord &record, const Window &control) {

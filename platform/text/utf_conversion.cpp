@@ -121,6 +121,27 @@ std::u16string fromUtf8(std::string_view text) {
     return out;
 }
 
+std::size_t decodeUtf8Into(std::string_view text, char16_t *out, std::size_t limit) {
+    std::size_t written = 0, at = 0;
+    while (written < limit && at < text.size()) {
+        const auto lead = static_cast<unsigned char>(text[at]);
+        if (lead < 0x80) { // the common case, one unit per byte
+            out[written++] = lead;
+            ++at;
+            continue;
+        }
+        const Decoded d = decodeUtf8At(text, at);
+        at += d.length;
+        if (d.codePoint < 0x10000) {
+            out[written++] = static_cast<char16_t>(d.codePoint);
+        } else {
+            out[written++] = static_cast<char16_t>(0xD800 + ((d.codePoint - 0x10000) >> 10));
+            if (written < limit) out[written++] = static_cast<char16_t>(0xDC00 + ((d.codePoint - 0x10000) & 0x3FF));
+        }
+    }
+    return written;
+}
+
 bool isValidUtf8(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         const Decoded d = decodeUtf8At(text, at);

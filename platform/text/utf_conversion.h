@@ -11,6 +11,12 @@ namespace tabra::platform {
 std::string toUtf8(std::u16string_view text);
 std::u16string fromUtf8(std::string_view text);
 
+// Decodes text into out, at most limit code units, and answers how many were written:
+// the same units fromUtf8 gives, cut after the limit-th even when that splits a
+// surrogate pair (the high surrogate is kept), which is how ODBC drivers cut wide text
+// to a buffer. Nothing is allocated.
+std::size_t decodeUtf8Into(std::string_view text, char16_t *out, std::size_t limit);
+
 // True when text is well-formed UTF-8 (no overlong forms, no surrogates, nothing above
 // U+10FFFF), so that fromUtf8 replaces nothing.
 bool isValidUtf8(std::string_view text);

@@ -17,6 +17,7 @@
 #include "tabra_window_constants.h"
 #include "wizards/create_table/resource_ids.h"
 #include "wizards/import/resource_ids.h"
+#include "wizards/export/resource_ids.h"
 #include "wizards/records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
@@ -119,6 +120,7 @@ const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
     namespace importing = tabra::wizards::importing::ids;
+    namespace exporting = tabra::wizards::exporting::ids;
     namespace records = tabra::wizards::records::ids;
     namespace createTable = tabra::wizards::create_table::ids;
     namespace driverInfo = tabra::admin::driver_info::ids;
@@ -151,6 +153,10 @@ const std::vector<Family> &families() {
           idsOf(importing::kMappingPage), idsOf(importing::kDestinationPage), idsOf(importing::kClosingPage),
           idsOf(importing::kFieldDialog)},
          idsOf(importing::kString), idsOf(importing::kMessage), {importing::kFieldMenu.id}},
+        {"wizards/export/resource_ids.h",
+         {idsOf(exporting::kTablePage), idsOf(exporting::kFieldsPage), idsOf(exporting::kConditionPage),
+          idsOf(exporting::kFilePage), idsOf(exporting::kSummaryPage), idsOf(exporting::kFieldDialog)},
+         idsOf(exporting::kString), idsOf(exporting::kMessage), {exporting::kFieldMenu.id}},
         {"admin/resource_ids.h", {}, {}, idsOf(tabra::admin::ids::kMessage), {}},
         {"wizards/records/resource_ids.h",
          {idsOf(records::kDeleteTablePage), idsOf(records::kUpdateTablePage),
@@ -226,6 +232,10 @@ TEST_P(ShippedLanguage, MessagesKeepTheirInsertsAndButtons) {
         {tabra::wizards::ids::kMessage.tableWithoutColumns, MB_OK, true},
         {tabra::wizards::importing::ids::kMessage.stoppedAtRecord, MB_OK, true},
         {tabra::wizards::importing::ids::kMessage.valueNotConverted, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.fileAccessDenied, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.fileNotOpened, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.fileExists, MB_OK, true},
+        {tabra::wizards::exporting::ids::kMessage.tooManyFiles, MB_OK, true},
         {tabra::catalog::ids::kMessage.confirmDropTable, MB_YESNO, true},
         {admin::kMessage.confirmDropView, MB_YESNO, true},
         {admin::kMessage.confirmDropColumn, MB_YESNOCANCEL, true},

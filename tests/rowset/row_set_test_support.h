@@ -72,18 +72,24 @@ struct RefusingHook {
     int refused = 0;
 };
 
-// Reads a row-set file written with quoted text (flag 1) and default separators the
-// way another program would: iconv decodes UTF-16LE, Python's csv module splits it
-// (quote "'", doubled inside). Returns the records as UTF-8 fields; a failure of
-// either tool fails the test.
-inline std::vector<std::vector<std::string>> readWithTools(const std::u16string &fileName) {
-    static const char *kReader = R"(import csv, io, sys
-text = sys.stdin.buffer.read().decode('utf-8')
-for row in csv.reader(io.StringIO(text, newline=''), delimiter='\t', quotechar="'"):
+// Python that splits a row-set file written with quoted text (flag 1) and default
+// separators: the csv module (quote "'", doubled inside).
+inline constexpr const char *kRowSetSplitter = R"(import csv, io
+rows = csv.reader(io.StringIO(text, newline=''), delimiter='\t', quotechar="'")
+)";
+
+// Reads a file the way another program would: iconv decodes UTF-16LE (and fails on
+// anything that is not UTF-16), Python splits the text with splitter, a piece of code
+// that makes `rows`, a list of lists of fields, from `text`. Returns the records as
+// UTF-8 fields; a failure of either tool fails the test.
+inline std::vector<std::vector<std::string>> readWithTools(const std::u16string &fileName,
+                                                           const char *splitter = kRowSetSplitter) {
+    const std::string reader = std::string("import sys\ntext = sys.stdin.buffer.read().decode('utf-8')\n") +
+                                splitter + R"(for row in rows:
     sys.stdout.buffer.write('\x1f'.join(row).encode('utf-8') + b'\x1e')
 )";
     auto folder = std::filesystem::path(toUtf8(fileName)).parent_path();
-    std::ofstream(folder / "read_row_set.py") << kReader;
+    std::ofstream(folder / "read_row_set.py") << reader;
     std::string command = "cd '" + folder.string() + "' && iconv -f UTF-16LE -t UTF-8 '" + toUtf8(fileName) +
                           "' > decoded.txt && python3 read_row_set.py < decoded.txt; echo \"|$?\"";
     std::string output;

@@ -29,7 +29,7 @@ using Attributes = std::map<std::string, std::string>;
 
 const char *const settingKeys[] = {"DBMSName",    "DBMSVersion", "QuoteChar",   "SchemaUsage",
                                    "IdentifierCase", "Keywords", "PrimaryKeys", "PrimaryKeyName", "ConnectInfo",
-                                   "ExecInfo",    "FailPattern", "FailState",   "FailMessage",
+                                   "ExecInfo",    "FailPattern", "FailState",   "FailMessage", "FailValue",
                                    "NoRowsNoData"};
 
 Attributes readDataSourceAttributes(const std::string &dsn) {
@@ -96,6 +96,7 @@ DataSourceSettings settingsFrom(const Attributes &attributes) {
     if (auto *text = value("FailPattern")) settings.failPattern = *text;
     if (auto *text = value("FailState")) settings.failState = *text;
     if (auto *text = value("FailMessage")) settings.failMessage = *text;
+    if (auto *text = value("FailValue")) settings.failValue = *text;
     if (auto *text = value("NoRowsNoData")) settings.noRowsNoData = std::strtol(text->c_str(), nullptr, 10) != 0;
     return settings;
 }

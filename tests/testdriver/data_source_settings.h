@@ -18,6 +18,9 @@
 //   FailState=42000          ... with this SQLSTATE (default 42000)
 //   FailMessage=[a]text      ... and this diagnostic message (default "[TabraTestDriver]
 //                            Statement refused for the test: " and the statement)
+//   FailValue=broken         reading a value that contains this text fails (22018);
+//                            the driver then takes no row arrays, so that every value
+//                            is read with SQLGetData
 //   NoRowsNoData=1           an UPDATE or DELETE run directly that changes no row
 //                            answers SQL_NO_DATA, as ODBC 3 drivers do
 //
@@ -46,6 +49,7 @@ struct DataSourceSettings {
     std::string failPattern;
     std::string failState = "42000";
     std::optional<std::string> failMessage;
+    std::string failValue;
     bool noRowsNoData = false;
 
     // True when statement text (of the given length, or SQL_NTS) matches failPattern.

@@ -90,9 +90,6 @@ TABRA_FORWARD(SQLGetConnectOption, (ConnectionHandle), (SQLHDBC ConnectionHandle
 TABRA_FORWARD(SQLGetCursorName, (StatementHandle), (SQLHSTMT StatementHandle, SQLCHAR *CursorName,
               SQLSMALLINT BufferLength, SQLSMALLINT *NameLength), (StatementHandle, CursorName,
               BufferLength, NameLength))
-TABRA_FORWARD(SQLGetData, (StatementHandle), (SQLHSTMT StatementHandle, SQLUSMALLINT ColumnNumber,
-              SQLSMALLINT TargetType, SQLPOINTER TargetValue, SQLLEN BufferLength, SQLLEN *StrLen_or_Ind),
-              (StatementHandle, ColumnNumber, TargetType, TargetValue, BufferLength, StrLen_or_Ind))
 TABRA_FORWARD(SQLGetDescField, (DescriptorHandle), (SQLHDESC DescriptorHandle, SQLSMALLINT RecNumber,
               SQLSMALLINT FieldIdentifier, SQLPOINTER Value, SQLINTEGER BufferLength,
               SQLINTEGER *StringLength), (DescriptorHandle, RecNumber, FieldIdentifier, Value, BufferLength,
@@ -162,8 +159,6 @@ TABRA_FORWARD(SQLSetPos, (hstmt), (SQLHSTMT hstmt, SQLSETPOSIROW irow, SQLUSMALL
               SQLUSMALLINT fLock), (hstmt, irow, fOption, fLock))
 TABRA_FORWARD(SQLSetScrollOptions, (hstmt), (SQLHSTMT hstmt, SQLUSMALLINT fConcurrency, SQLLEN crowKeyset,
               SQLUSMALLINT crowRowset), (hstmt, fConcurrency, crowKeyset, crowRowset))
-TABRA_FORWARD(SQLSetStmtAttr, (StatementHandle), (SQLHSTMT StatementHandle, SQLINTEGER Attribute,
-              SQLPOINTER Value, SQLINTEGER StringLength), (StatementHandle, Attribute, Value, StringLength))
 TABRA_FORWARD(SQLSetStmtOption, (StatementHandle), (SQLHSTMT StatementHandle, SQLUSMALLINT Option,
               SQLULEN Value), (StatementHandle, Option, Value))
 TABRA_FORWARD(SQLSpecialColumns, (StatementHandle), (SQLHSTMT StatementHandle, SQLUSMALLINT IdentifierType,

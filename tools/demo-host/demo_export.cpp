@@ -1,9 +1,11 @@
-// Demo command of the row-set transfer: a table or a SELECT written to a file with a
-// header record under a progress indicator.
+// Demo commands of the exports: a table or a SELECT written to a file with a header
+// record under a progress indicator, and the export wizard.
 #include "demo_host.h"
 
 #include <cctype>
 #include <cstdio>
+#include <cstdlib>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -43,6 +45,38 @@ int runExport(SQLHDBC connection, const std::vector<std::string> &arguments) {
 
 const DemoCommand exportCommand{"export", "TABLE_OR_SELECT FILE",
                                 "writes a table or a SELECT to a UTF-16LE file with a header record", runExport};
+
+// "export-wizard [TABLE]": the export wizard on the tables and views, the table
+// chosen on its first page. Without a display and a script, the pages are answered
+// as they stand and the file goes to the temp folder.
+int runExportWizard(SQLHDBC connection, const std::vector<std::string> &arguments) {
+    if (arguments.size() > 1) {
+        std::fprintf(stderr, "tabra-demo: export-wizard [TABLE]\n");
+        return 2;
+    }
+    DbObjectInfo object{};
+    object.DbObjectType = TABRA_OBJECT_TABLE | TABRA_OBJECT_VIEW;
+    if (!arguments.empty())
+        OstrelCopyString(object.DbObjectName, toUtf16(arguments[0]).c_str(), static_cast<int32_t>(std::size(object.DbObjectName)));
+    const char *display = std::getenv("DISPLAY");
+    if ((!display || !*display) && TabraScript_PendingCount() == 0) {
+        TabraScript_Begin();
+        for (const char *line : {"dialog 10050: click 12324", "dialog 10052: click 12324", "dialog 10051: click 12324",
+                                 "dialog 10053: set 1001 \"/tmp/tabra-demo-export.txt\"", "dialog 10053: click 12324",
+                                 "dialog 10054: click 12325"})
+            TabraScript_QueueUtf8(line);
+        std::printf("No display: the export wizard's pages are answered as they stand\n");
+    }
+    if (Tabra_ExportWizzard(connection, &object, 0) != 1) {
+        std::printf("The export wizard was cancelled\n");
+        return 0;
+    }
+    std::printf("%s exported\n", toUtf8(object.DbObjectName).c_str());
+    return 0;
+}
+
+const DemoCommand exportWizard{"export-wizard", "[TABLE]",
+                               "the export wizard: a table's records to a delimited UTF-16LE file", runExportWizard};
 
 } // namespace
 } // namespace demo

@@ -1,0 +1,73 @@
+// The export wizard: its state, the page table handed to the wizard frame, and the
+// file written once the user has finished the last page.
+#include "core/module/module_state.h"
+#include "core/resource_ids.h"
+#include "ostrel_registry.h"
+#include "platform/text/bounded_text.h"
+#include "tabra_wizards.h"
+#include "wizards/export/export_file.h"
+#include "wizards/export/export_pages.h"
+
+#include <memory>
+#include <new>
+
+namespace tabra::wizards::exporting {
+
+std::u16string ExportWizardState::table() const {
+    return std::u16string(platform::viewOfBuffer(object.DbObjectName, kTableNameCapacity));
+}
+
+namespace {
+
+// The pages in the order they are shown: table, fields, conditions, file, summary.
+constexpr int32_t kPageTable[] = {ids::kTablePage.id,     ids::kFieldsPage.id,  ids::kConditionPage.id,
+                                  ids::kFilePage.id,      ids::kSummaryPage.id, 0};
+constexpr dialogs::Page<ExportWizardState> kPages[] = {
+    {ids::kTablePage.id, &kTablePageDialog},         {ids::kFieldsPage.id, &kFieldsPageDialog},
+    {ids::kConditionPage.id, &kConditionPageDialog}, {ids::kFilePage.id, &kFilePageDialog},
+    {ids::kSummaryPage.id, &kSummaryPageDialog},
+};
+
+std::unique_ptr<ExportWizardState> newState() {
+    try {
+        return std::make_unique<ExportWizardState>();
+    } catch (const std::bad_alloc &) {
+        ShowMessage(core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
+        return nullptr;
+    }
+}
+
+} // namespace
+
+} // namespace tabra::wizards::exporting
+
+using namespace tabra::wizards::exporting;
+
+extern "C" INT_PTR ExportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
+                                      LPARAM lParam) {
+    auto *state = reinterpret_cast<ExportWizardState *>(Wizzard_GetParam(wizard));
+    if (state == nullptr) return 0;
+    state->wizard = wizard;
+    return tabra::dialogs::answerPage<ExportWizardState>(kPages, pageId, page, *state, message, wParam, lParam);
+}
+
+extern "C" int32_t Tabra_ExportWizzard(SQLHDBC connection, DbObjectInfo *parameterBlock, int32_t callerValue) {
+    if (parameterBlock == nullptr) return 2;
+    auto state = newState();
+    if (!state) return 2;
+    state->connection = connection;
+    state->object = *parameterBlock;
+    state->callerValue = callerValue;
+    char16_t fileName[kFileNameCapacity] = {};
+    Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, tabra::module::kRegistryRoot, 0, kRegistryKey, kFileNameValue,
+                                  u"", fileName, kFileNameCapacity, kFileNameCapacity - 1);
+    state->fileName = fileName;
+    if (Wizzard_Perform(kPageTable, ExportWizzCallback, tabra::dialogs::kPageEntered, tabra::dialogs::kPageLeft,
+                        reinterpret_cast<LPARAM>(state.get()), ids::kWizardPicture, ids::kString.wizardTitle,
+                        tabra::module::resourceLibrary(), tabra::module::kTranslationModuleName,
+                        WIZZARD_BUTTONS_STANDARD, 0) != 1)
+        return 2;
+    if (writeExportFile(*state) != 1) return 2;
+    *parameterBlock = state->object;
+    return 1;
+}
