@@ -104,7 +104,9 @@ void fillColumnList(const TableAdminRequest &request) {
     if (statement.allocate() != RunResult::Done ||
         statement.check(catalog::callColumns(statement.handle(), nullptr, request.table)) != RunResult::Done)
         return;
-    rowset::RowSetReader reader(statement.handle(), kValueCapacity);
+    const std::optional<SQLSMALLINT> columns = statement.columnCount();
+    if (!columns) return;
+    rowset::RowSetReader reader(statement.handle(), kValueCapacity, *columns);
     auto read = [&](SQLUSMALLINT column) {
         rowset::FetchedValue value;
         reader.read(column, value);

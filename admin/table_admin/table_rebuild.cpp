@@ -46,7 +46,7 @@ RunResult runQuery(SQLHDBC connection, const std::u16string &text, Rows &rows) {
     if (result != RunResult::Done) return result;
     std::optional<SQLSMALLINT> columns = statement.columnCount();
     if (!columns) return RunResult::Failed;
-    rowset::RowSetReader reader(statement.handle(), kSchemaTextCapacity);
+    rowset::RowSetReader reader(statement.handle(), kSchemaTextCapacity, *columns);
     for (;;) {
         SQLRETURN rc = reader.nextRow();
         if (rc == SQL_NO_DATA) return RunResult::Done;

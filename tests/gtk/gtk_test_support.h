@@ -80,21 +80,6 @@ inline HMODULE englishResources() {
     return module;
 }
 
-// Loads the resource library of a language for one scope, and the usual one after it.
-class ScopedLanguage {
-public:
-    explicit ScopedLanguage(const std::string &language) : variable_(std::in_place, "ZUL_LANGUAGE", language.c_str()) {
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-    ~ScopedLanguage() {
-        variable_.reset();
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-
-private:
-    std::optional<ScopedEnvironmentVariable> variable_;
-};
-
 // A label may be a few pixels taller than its rectangle (GTK's line height exceeds the
 // font height the dialog units come from), not a line taller.
 inline constexpr int kLabelHeightSlack = 5;

@@ -4,6 +4,7 @@
 #include "catalog/catalog_calls.h"
 #include "catalog/column_facts.h"
 #include "catalog/record_counts.h"
+#include "core/connection/connection_info.h"
 #include "core/odbc/bound_column.h"
 #include "core/odbc/statement_runner.h"
 #include "platform/text/bounded_text.h"
@@ -40,8 +41,10 @@ public:
         rows_ = catalog::recordCount(source_, table_.c_str(), nullptr);
         statement_.emplace(source_, select_.c_str());
         if (statement_->run() != odbc::RunResult::Done) return false;
-        reader_.emplace(statement_->handle(), kValueCapacity);
-        reader_->useBlocks(static_cast<SQLSMALLINT>(positions_.size()));
+        reader_.emplace(statement_->handle(), kValueCapacity, static_cast<SQLSMALLINT>(positions_.size()),
+                        tabra::connection::fetchesTextAsUtf8(source_) ? rowset::TextTransfer::Utf8
+                                                               : rowset::TextTransfer::Wide);
+        reader_->useBlocks();
         return true;
     }
     int32_t rowCount() const override { return rows_; }
