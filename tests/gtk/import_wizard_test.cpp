@@ -68,8 +68,9 @@ protected:
         std::vector<std::function<void(const tabra::gtk::automation::Shown &)>> acts;
         acts.push_back([this, pages](const tabra::gtk::automation::Shown &shown) {
             auto step = std::make_shared<std::function<void(std::size_t)>>();
-            *step = [this, pages, shown, step](std::size_t at) {
-                later(300, [this, pages, shown, step, at] {
+            // The step holds itself only through the pending timer, so it is freed after the last page.
+            *step = [this, pages, shown, weak = std::weak_ptr(step)](std::size_t at) {
+                later(300, [this, pages, shown, step = weak.lock(), at] {
                     saveScreenshot(shown.window, shot(pages[at]));
                     if (pages[at] == ids::kMappingPage.id) {
                         HWND edit = visibleControl(shown.handle, ids::kMappingPage.edit);

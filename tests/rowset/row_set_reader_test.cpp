@@ -22,7 +22,9 @@ Values readAll(const OdbcConnection &connection, const std::u16string &sql, Text
     SQLSMALLINT columns = 0;
     SQLNumResultCols(statement.handle(), &columns);
     RowSetReader reader(statement.handle(), 5000, columns, transfer);
-    if (blocks) EXPECT_TRUE(reader.useBlocks());
+    if (blocks) {
+        EXPECT_TRUE(reader.useBlocks());
+    }
     Values values;
     rowset::FetchedValue value;
     while (succeeded(reader.nextRow()))
