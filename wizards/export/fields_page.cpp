@@ -5,6 +5,7 @@
 #include "core/module/module_state.h"
 #include "core/module/translated_string.h"
 #include "ostrel.h"
+#include "wizards/field_menu.h"
 #include "wizards/export/export_pages.h"
 
 #include <vector>
@@ -95,15 +96,7 @@ void markSelected(HWND page, ExportWizardState &state, bool exported) {
 void showContextMenu(HWND page, ExportWizardState &state, const NMHDR &) {
     auto rows = selectedRows(page);
     if (rows.empty()) return;
-    HMENU menu = LoadMenuW(module::resourceLibrary(), ids::kFieldMenu.id);
-    if (menu == nullptr) return;
-    HMENU commands = GetSubMenu(menu, 0);
-    EnableMenuItem(commands, static_cast<uint32_t>(ids::kFieldMenu.edit),
-                   MF_BYCOMMAND | (rows.size() == 1 ? MF_ENABLED : MF_GRAYED));
-    POINT at{};
-    GetCursorPos(&at);
-    int32_t chosen = TrackPopupMenu(commands, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, page, nullptr);
-    DestroyMenu(menu);
+    const int32_t chosen = trackFieldMenu(page, ids::kFieldMenu.id, ids::kFieldMenu.edit, rows.size());
     if (chosen == ids::kFieldMenu.edit && rows.size() == 1) editRow(page, state, rows.front());
     else if (chosen == ids::kFieldMenu.exported) markSelected(page, state, true);
     else if (chosen == ids::kFieldMenu.notExported) markSelected(page, state, false);

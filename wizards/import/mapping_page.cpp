@@ -11,6 +11,7 @@
 #include "core/module/translated_string.h"
 #include "core/resource_ids.h"
 #include "ostrel.h"
+#include "wizards/field_menu.h"
 #include "platform/text/bounded_text.h"
 #include "wizards/import/import_pages.h"
 #include "wizards/import/mapping_checks.h"
@@ -138,15 +139,7 @@ void markSelected(HWND page, ImportWizardState &state, bool imported) {
 void showContextMenu(HWND page, ImportWizardState &state, const NMHDR &) {
     auto rows = selectedRows(page);
     if (rows.empty()) return;
-    HMENU menu = LoadMenuW(module::resourceLibrary(), ids::kFieldMenu.id);
-    if (menu == nullptr) return;
-    HMENU commands = GetSubMenu(menu, 0);
-    EnableMenuItem(commands, static_cast<uint32_t>(ids::kFieldMenu.edit),
-                   MF_BYCOMMAND | (rows.size() == 1 ? MF_ENABLED : MF_GRAYED));
-    POINT at{};
-    GetCursorPos(&at);
-    int32_t chosen = TrackPopupMenu(commands, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, page, nullptr);
-    DestroyMenu(menu);
+    const int32_t chosen = trackFieldMenu(page, ids::kFieldMenu.id, ids::kFieldMenu.edit, rows.size());
     if (chosen == ids::kFieldMenu.edit && rows.size() == 1) editRow(page, state, rows.front());
     else if (chosen == ids::kFieldMenu.imported) markSelected(page, state, true);
     else if (chosen == ids::kFieldMenu.notImported) markSelected(page, state, false);
