@@ -122,6 +122,111 @@ TABRA_API INT_PTR AddPk_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wP
 
 /* ---- end of the table administration ---- */
 
+/* ---- Database object chooser ----
+ *
+ * The library's hub dialog (104): the tables, views, forms and reports of a data
+ * source on tab pages (templates 105, 106, 10003 and 10017), each page with the
+ * buttons that reach the other tools for the object under the cursor: open, create,
+ * copy and delete tables, the table administration, import, export, add, delete and
+ * update records (each wizard on a connection of its own), the view editor (new, edit,
+ * copy and delete views), and in the dialog itself the driver information, the SQL
+ * performer, the data source dialog and the schema dialog. The dialog opens its own
+ * connection from the request's data source and stays usable with empty lists when
+ * that fails.
+ *
+ * Last choices below HKEY_CURRENT_USER and the library's root: "LastUsed" with
+ * "SystemTables" (the tables page lists system tables, default 1) and "VrimViewsOnly"
+ * (the views page lists only views made with the view editor, default 1);
+ * "LastUsedDbaseSchema" with the schema last chosen per data source, named by the
+ * data source's name. */
+
+/* The request, read at start and written back at the end whatever the result. */
+typedef struct DbObjectDialogRequest {
+    DataSourceInfo DataSource; /* in: the data source to open; out: the one chosen last */
+    DbObjectInfo DbObject;     /* in: the object to preselect (its type: the first page
+                                  shown); out: the object chosen and its type */
+    int32_t Action;            /* out: TABRA_CHOOSER_ACTION_* */
+    int32_t PageMask;          /* TABRA_CHOOSER_PAGE_*: the pages offered */
+    int32_t DialogOptions;     /* TABRA_CHOOSER_OPTION_* */
+    int32_t TablesButtons;     /* TABRA_TABLES_*: buttons enabled when the page starts */
+    int32_t ViewsButtons;      /* TABRA_VIEWS_* */
+    int32_t FormsButtons;      /* TABRA_FORMS_* */
+    int32_t ReportsButtons;    /* TABRA_REPORTS_* */
+    int32_t Reserved[4];       /* the host's own; carried along, never read */
+    const char16_t *Title;     /* the dialog's title, or null for the template's */
+    int32_t CaptionOptions;    /* TABRA_CHOOSER_CAPTION_* */
+    char16_t Schema[100];      /* in and out: the schema whose objects are listed */
+} DbObjectDialogRequest;
+
+/* Pages (PageMask), in the order shown; also the DbObjectType of their objects. */
+#define TABRA_CHOOSER_PAGE_TABLES 0x1
+#define TABRA_CHOOSER_PAGE_VIEWS 0x2
+#define TABRA_CHOOSER_PAGE_FORMS 0x4
+#define TABRA_CHOOSER_PAGE_REPORTS 0x8
+/* DialogOptions: OK offered (while an object is selected), Help (9) enabled, the
+ * change-data-source button (1044) shown. */
+#define TABRA_CHOOSER_OPTION_OK 0x1
+#define TABRA_CHOOSER_OPTION_HELP 0x2
+#define TABRA_CHOOSER_OPTION_DATA_SOURCE 0x4
+/* CaptionOptions: Cancel reads string 1971, OK string 1970. */
+#define TABRA_CHOOSER_CAPTION_CANCEL 0x1
+#define TABRA_CHOOSER_CAPTION_OK 0x2
+/* Action: cancelled; OK with an object chosen; an object opened (a double click or
+ * the open button of the tables, views or forms page); the second choice of the forms
+ * (1039) or reports page (1035). */
+#define TABRA_CHOOSER_ACTION_CANCELLED 0
+#define TABRA_CHOOSER_ACTION_OK 1
+#define TABRA_CHOOSER_ACTION_OPEN 2
+#define TABRA_CHOOSER_ACTION_SECOND_CHOICE 3
+
+/* Buttons of the tables page (TablesButtons). */
+#define TABRA_TABLES_OPEN 0x8             /* 1043 */
+#define TABRA_TABLES_CREATE 0x10          /* 1041 */
+#define TABRA_TABLES_DELETE 0x20          /* 1042 */
+#define TABRA_TABLES_COPY 0x40            /* 1021 */
+#define TABRA_TABLES_ADMINISTER 0x80      /* 1020 */
+#define TABRA_TABLES_IMPORT 0x100         /* 1019 */
+#define TABRA_TABLES_EXPORT 0x200         /* 1022 */
+#define TABRA_TABLES_ADD_RECORDS 0x400    /* 1023 */
+#define TABRA_TABLES_DELETE_RECORDS 0x2000 /* 1025 */
+#define TABRA_TABLES_UPDATE_RECORDS 0x4000 /* 1026 */
+/* Buttons of the views page (ViewsButtons). */
+#define TABRA_VIEWS_OPEN 0x8              /* 1019 */
+#define TABRA_VIEWS_NEW 0x10              /* 1018 */
+#define TABRA_VIEWS_DELETE 0x20           /* 1043 */
+#define TABRA_VIEWS_COPY 0x40             /* 1023 */
+#define TABRA_VIEWS_EDIT 0x80             /* 1031 */
+#define TABRA_VIEWS_EXPORT 0x200          /* 1024 */
+#define TABRA_VIEWS_DELETE_RECORDS 0x2000 /* 2129 */
+#define TABRA_VIEWS_UPDATE_RECORDS 0x4000 /* 2130 */
+/* Buttons of the forms page (FormsButtons); all but open and the second choice are
+ * the host's own. */
+#define TABRA_FORMS_OPEN 0x8              /* 1041 */
+#define TABRA_FORMS_1038 0x10
+#define TABRA_FORMS_1040 0x20
+#define TABRA_FORMS_1020 0x40
+#define TABRA_FORMS_SECOND_CHOICE 0x80    /* 1039 */
+/* Buttons of the reports page (ReportsButtons); all but the second choice are the
+ * host's own. */
+#define TABRA_REPORTS_1034 0x10
+#define TABRA_REPORTS_1037 0x20
+#define TABRA_REPORTS_1036 0x40
+#define TABRA_REPORTS_SECOND_CHOICE 0x80  /* 1035 */
+#define TABRA_REPORTS_1038 0x800
+#define TABRA_REPORTS_1039 0x1000
+
+/* Shows the dialog for the request. 1 when it was left by OK or by opening an object,
+ * 2 when cancelled (also for a null request, and with message 1600 when its working
+ * copy cannot be had). */
+TABRA_API int32_t Tabra_DbObjectDialog(DbObjectDialogRequest *request);
+/* The procedures of the dialog and of its four pages. */
+TABRA_API INT_PTR DbObjectDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR DbObject_Tables_SubDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR DbObject_Views_SubDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR DbObject_Forms_SubDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+TABRA_API INT_PTR DbObject_Reports_SubDialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+/* ---- end of the database object chooser ---- */
+
 TABRA_END_DECLS
 
 #endif

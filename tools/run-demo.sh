@@ -2,6 +2,8 @@
 # The main job: installs what is missing, builds the library and the demo host if
 # needed, makes the demo database if it is missing (registered as data source
 # "TabraDemo" in the user's odbc.ini) and runs the demo host on it with a UTF-8 locale.
+# Without arguments the host opens the database object chooser, on screen when there
+# is a display; without one it plays the scripted tour tools/demo/tour.script.
 #
 #   bash tools/run-demo.sh [tabra-demo arguments, e.g. --dsn NAME]
 #   TABRA_BUILD_ROOT   where build/ goes (default: the repository)
@@ -31,4 +33,11 @@ fi
 
 bash "$ROOT/tools/demo/make-demo-data.sh"
 echo
+if [[ $# -eq 0 ]]; then
+    if [[ -n "${DISPLAY:-}" ]]; then
+        set -- chooser
+    else
+        set -- tour "$ROOT/tools/demo/tour.script"
+    fi
+fi
 exec "$BUILD/tools/tabra-demo" "$@"

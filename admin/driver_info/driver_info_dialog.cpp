@@ -1,5 +1,6 @@
 // The driver information dialog: what the ODBC driver reports about the open
 // connection, each answer in a read-only field.
+#include "admin/driver_info/driver_info.h"
 #include "admin/driver_info/resource_ids.h"
 #include "core/connection/connection_info.h"
 #include "core/dialogs/dialog.h"
@@ -105,7 +106,7 @@ extern "C" INT_PTR OdbcInfoCtlDialogCallback(HWND dialog, uint32_t message, WPAR
     return kDialog.answer(dialog, message, wParam, lParam);
 }
 
-extern "C" void Tabra_DisplayDriverInformation(SQLHDBC connection, HWND parent) {
+void tabra::admin::driver_info::showDriverInformation(SQLHDBC connection, HWND parent) {
     std::unique_ptr<DriverInformation> information;
     try {
         information = std::make_unique<DriverInformation>();
@@ -115,4 +116,8 @@ extern "C" void Tabra_DisplayDriverInformation(SQLHDBC connection, HWND parent) 
     }
     information->connection = connection;
     tabra::dialogs::runModal(kDriverInfoDialog.id, OdbcInfoCtlDialogCallback, *information, parent);
+}
+
+extern "C" void Tabra_DisplayDriverInformation(SQLHDBC connection, HWND parent) {
+    tabra::admin::driver_info::showDriverInformation(connection, parent);
 }

@@ -3,6 +3,7 @@
 // record; the connection variant (dialog 10058) runs on the caller's connection. Both
 // keep the shared statement history and open the SQL help.
 #include "admin/sql_performer/resource_ids.h"
+#include "admin/sql_performer/sql_performer.h"
 #include "admin/sql_performer/statement_history.h"
 #include "admin/sql_performer/user_statement.h"
 #include "core/dialogs/dialog.h"
@@ -146,8 +147,12 @@ extern "C" int32_t Tabra_DialogSqlPerformer(DataSourceInfo *record) {
     return static_cast<int32_t>(dialogs::runModal(kRecordPerformerDialog.id, SqlPerformerDs_Callback, *record));
 }
 
-extern "C" int32_t Tabra_SqlPerformer(SQLHDBC connection) {
+int32_t tabra::admin::sql_performer::runSqlPerformer(SQLHDBC connection) {
     if (connection == SQL_NULL_HDBC) return IDCANCEL;
     return static_cast<int32_t>(dialogs::runModal(kConnectionPerformerDialog.id, SqlPerformerHdbc_Callback,
                                                   *reinterpret_cast<HeldConnection *>(connection)));
+}
+
+extern "C" int32_t Tabra_SqlPerformer(SQLHDBC connection) {
+    return tabra::admin::sql_performer::runSqlPerformer(connection);
 }

@@ -4,6 +4,7 @@
 // clauses of the user's queries, which name columns that may be gone.
 #include "admin/resource_ids.h"
 #include "admin/table_admin/resource_ids.h"
+#include "admin/table_admin/table_admin.h"
 #include "admin/table_admin/table_admin_request.h"
 #include "catalog/column_facts.h"
 #include "catalog/primary_keys.h"
@@ -176,7 +177,7 @@ extern "C" INT_PTR TableAdmin_Dialog_Callback(HWND dialog, uint32_t message, WPA
     return kDialog.answer(dialog, message, wParam, lParam);
 }
 
-extern "C" int32_t Tabra_TableAdmin(SQLHDBC connection, const char16_t *table, int32_t callerValue) {
+int32_t tabra::admin::table_admin::runTableAdmin(SQLHDBC connection, const char16_t *table, int32_t callerValue) {
     std::unique_ptr<TableAdminRequest> request;
     try {
         request = std::make_unique<TableAdminRequest>();
@@ -189,4 +190,8 @@ extern "C" int32_t Tabra_TableAdmin(SQLHDBC connection, const char16_t *table, i
     request->callerValue = callerValue;
     tabra::dialogs::runModal(ids::kTableAdminDialog.id, TableAdmin_Dialog_Callback, *request);
     return 0;
+}
+
+extern "C" int32_t Tabra_TableAdmin(SQLHDBC connection, const char16_t *table, int32_t callerValue) {
+    return runTableAdmin(connection, table, callerValue);
 }

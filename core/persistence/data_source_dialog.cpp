@@ -2,6 +2,7 @@
 // remembers the last user name per data source (never the password) and only
 // closes with OK once the login has worked.
 #include "core/dialogs/dialog.h"
+#include "core/persistence/data_source_dialogs.h"
 #include "core/resource_ids.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
@@ -74,7 +75,11 @@ extern "C" INT_PTR DataSourceDialog_Callback(HWND dialog, uint32_t message, WPAR
     return kDialog.answer(dialog, message, wParam, lParam);
 }
 
+int32_t tabra::persistence::runDataSourceDialog(DataSourceInfo &record) {
+    return tabra::dialogs::runModal(kDataSourceDialog.id, DataSourceDialog_Callback, record) == IDOK ? 1 : 2;
+}
+
 extern "C" int32_t Tabra_DataSourceDialog(DataSourceInfo *record) {
     if (record == nullptr) return 2;
-    return tabra::dialogs::runModal(kDataSourceDialog.id, DataSourceDialog_Callback, *record) == IDOK ? 1 : 2;
+    return tabra::persistence::runDataSourceDialog(*record);
 }

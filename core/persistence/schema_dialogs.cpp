@@ -1,5 +1,6 @@
 // Choosing a schema, alone or together with a data source and its login.
 #include "core/dialogs/dialog.h"
+#include "core/persistence/data_source_dialogs.h"
 #include "core/resource_ids.h"
 #include "ostrel.h"
 #include "tabra_connection.h"
@@ -59,13 +60,20 @@ extern "C" INT_PTR SelectSchemaDialog_Callback(HWND dialog, uint32_t message, WP
     return kSchemaPicker.answer(dialog, message, wParam, lParam);
 }
 
-extern "C" int32_t Tabra_SelectDbaseSchema(HWND owner, SQLHDBC connection, char16_t *schema) {
-    if (schema == nullptr) return 2;
+int32_t tabra::persistence::runSchemaDialog(HWND owner, SQLHDBC connection, std::u16string &schema) {
     char16_t working[kSchemaCapacity];
-    OstrelCopyString(working, schema, kSchemaCapacity);
+    OstrelCopyString(working, schema.c_str(), kSchemaCapacity);
     SchemaDialogState state{connection, working};
     if (tabra::dialogs::runModal(kSchemaDialog.id, SelectSchemaDialog_Callback, state, owner) != IDOK) return 2;
-    OstrelCopyString(schema, working, kSchemaCapacity);
+    schema = working;
+    return 1;
+}
+
+extern "C" int32_t Tabra_SelectDbaseSchema(HWND owner, SQLHDBC connection, char16_t *schema) {
+    if (schema == nullptr) return 2;
+    std::u16string working(schema);
+    if (tabra::persistence::runSchemaDialog(owner, connection, working) != 1) return 2;
+    OstrelCopyString(schema, working.c_str(), kSchemaCapacity);
     return 1;
 }
 

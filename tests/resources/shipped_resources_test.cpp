@@ -2,6 +2,7 @@
 // family headers name, the languages agree on every id, button set and insert, and
 // the dialogs the code opens hold the controls it drives, laid out inside their frames.
 #include "admin/driver_info/resource_ids.h"
+#include "admin/object_chooser/resource_ids.h"
 #include "admin/resource_ids.h"
 #include "admin/sql_performer/resource_ids.h"
 #include "admin/table_name/resource_ids.h"
@@ -125,6 +126,7 @@ const std::vector<Family> &families() {
     namespace createTable = tabra::wizards::create_table::ids;
     namespace driverInfo = tabra::admin::driver_info::ids;
     namespace tableName = tabra::admin::table_name::ids;
+    namespace chooser = tabra::admin::object_chooser::ids;
     std::vector<int32_t> fileErrors;
     for (int32_t code = OSTREL_FILE_ERROR_ACCESS; code <= OSTREL_FILE_ERROR_OTHER; ++code)
         fileErrors.push_back(OSTREL_FILE_ERROR_STRINGS + code);
@@ -176,6 +178,10 @@ const std::vector<Family> &families() {
          idsOf(createTable::kString), {}, {}},
         {"admin/driver_info/resource_ids.h", {idsOf(driverInfo::kDriverInfoDialog)}, idsOf(driverInfo::kString), {}, {}},
         {"admin/table_name/resource_ids.h", {idsOf(tableName::kTableNameDialog)}, {}, idsOf(tableName::kMessage), {}},
+        {"admin/object_chooser/resource_ids.h",
+         {joined(idsOf(chooser::kChooserDialog), {IDOK, IDCANCEL}), idsOf(chooser::kTablesPage),
+          idsOf(chooser::kViewsPage), idsOf(chooser::kFormsPage), idsOf(chooser::kReportsPage)},
+         idsOf(chooser::kString), idsOf(chooser::kMessage), {}},
         {"admin/table_admin/resource_ids.h",
          {joined(idsOf(tabra::admin::table_admin::ids::kTableAdminDialog), {IDOK}),
           joined(idsOf(tabra::admin::table_admin::ids::kAddColumnDialog), {IDOK, IDCANCEL}),

@@ -48,6 +48,11 @@ std::vector<const DemoCommand *> &registry() {
 
 } // namespace
 
+DataSourceInfo &chosenDataSource() {
+    static DataSourceInfo record{};
+    return record;
+}
+
 DemoCommand::DemoCommand(const char *name, const char *arguments, const char *purpose, CommandFunction run)
     : name(name), arguments(arguments), purpose(purpose), run(run) {
     registry().push_back(this);

@@ -36,6 +36,10 @@ struct DemoCommand {
     CommandFunction run;
 };
 
+// The data source record the user confirmed, for commands that open connections of
+// their own (set by tabra-demo before a command runs).
+DataSourceInfo &chosenDataSource();
+
 // The registered commands, in the order of their names.
 std::vector<const DemoCommand *> commands();
 const DemoCommand *findCommand(const std::string &name);

@@ -313,6 +313,7 @@ int main(int argc, char **argv) {
         return 1;
     }
     printConnectionInfo(libraryConnection);
+    demo::chosenDataSource() = record;
     if (!options->command.empty()) {
         int status = demo::findCommand(options->command)->run(libraryConnection, options->arguments);
         Tabra_DisconnectDataSource(&environment, &libraryConnection);

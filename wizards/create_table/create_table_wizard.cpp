@@ -47,7 +47,7 @@ extern "C" INT_PTR CreateTableWizzCallback(HWIZZARD wizard, int32_t pageId, HWND
     return tabra::dialogs::answerPage<CreateTableWizard>(kPages, pageId, page, *state, message, wParam, lParam);
 }
 
-extern "C" int32_t Tabra_CreateTableWizzard(SQLHDBC connection, char16_t *nameBuffer, int32_t nameSize) {
+int32_t tabra::wizards::create_table::runCreateTableWizard(SQLHDBC connection, std::u16string &name) {
     if (connection == SQL_NULL_HDBC) return 2;
     std::unique_ptr<CreateTableWizard> state;
     try {
@@ -66,6 +66,13 @@ extern "C" int32_t Tabra_CreateTableWizzard(SQLHDBC connection, char16_t *nameBu
                                      ids::kPicture.createTable, ids::kString.title, module::resourceLibrary(),
                                      module::kTranslationModuleName, WIZZARD_BUTTONS_STANDARD, 0);
     if (result != 1 || !createTable(connection, *state->database, state->mode, state->name, state->source)) return 2;
-    OstrelCopyString(nameBuffer, state->name.c_str(), nameSize);
+    name = state->name;
+    return 1;
+}
+
+extern "C" int32_t Tabra_CreateTableWizzard(SQLHDBC connection, char16_t *nameBuffer, int32_t nameSize) {
+    std::u16string name;
+    if (runCreateTableWizard(connection, name) != 1) return 2;
+    OstrelCopyString(nameBuffer, name.c_str(), nameSize);
     return 1;
 }

@@ -52,4 +52,8 @@ bool modeSupported(const connection::Capabilities &database, int32_t mode);
 bool createTable(SQLHDBC connection, const connection::Capabilities &database, int32_t mode,
                  const std::u16string &name, const std::u16string &source);
 
+// The wizard and, once it was finished, the new table: 1 with its name in name, 2
+// when cancelled or failed (Tabra_CreateTableWizzard is the exported shell over it).
+int32_t runCreateTableWizard(SQLHDBC connection, std::u16string &name);
+
 } // namespace tabra::wizards::create_table

@@ -6,6 +6,7 @@
 #include "platform/text/bounded_text.h"
 #include "tabra_wizards.h"
 #include "wizards/export/export_file.h"
+#include "wizards/export/export_wizard.h"
 #include "wizards/export/export_pages.h"
 
 #include <memory>
@@ -51,7 +52,8 @@ extern "C" INT_PTR ExportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
     return tabra::dialogs::answerPage<ExportWizardState>(kPages, pageId, page, *state, message, wParam, lParam);
 }
 
-extern "C" int32_t Tabra_ExportWizzard(SQLHDBC connection, DbObjectInfo *parameterBlock, int32_t callerValue) {
+int32_t tabra::wizards::exporting::runExportWizard(SQLHDBC connection, DbObjectInfo *parameterBlock,
+                                                   int32_t callerValue) {
     if (parameterBlock == nullptr) return 2;
     auto state = newState();
     if (!state) return 2;
@@ -70,4 +72,8 @@ extern "C" int32_t Tabra_ExportWizzard(SQLHDBC connection, DbObjectInfo *paramet
     if (writeExportFile(*state) != 1) return 2;
     *parameterBlock = state->object;
     return 1;
+}
+
+extern "C" int32_t Tabra_ExportWizzard(SQLHDBC connection, DbObjectInfo *parameterBlock, int32_t callerValue) {
+    return runExportWizard(connection, parameterBlock, callerValue);
 }

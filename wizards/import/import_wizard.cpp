@@ -6,6 +6,7 @@
 #include "platform/text/bounded_text.h"
 #include "tabra_wizards.h"
 #include "wizards/import/import_pages.h"
+#include "wizards/import/import_wizard.h"
 #include "wizards/import/import_run.h"
 
 #include <memory>
@@ -72,7 +73,7 @@ extern "C" INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
     return tabra::dialogs::answerPage<ImportWizardState>(kPages, pageId, page, *state, message, wParam, lParam);
 }
 
-extern "C" int32_t Tabra_ImportTableWizzard(SQLHDBC connection, char16_t *tableName, int32_t capacity) {
+int32_t tabra::wizards::importing::runImportWizard(SQLHDBC connection, std::u16string &table) {
     auto state = newState();
     if (!state) return 2;
     state->connection = connection;
@@ -83,7 +84,13 @@ extern "C" int32_t Tabra_ImportTableWizzard(SQLHDBC connection, char16_t *tableN
                         WIZZARD_BUTTONS_STANDARD, WIZZARD_SHOW_STEP) != 1)
         return 2;
     ImportOutcome outcome = runImport(*state);
-    if (outcome.result == 1 && tableName != nullptr && capacity >= 1)
-        tabra::platform::writeBounded(tableName, capacity, state->table);
+    if (outcome.result == 1) table = state->table;
     return outcome.result;
+}
+
+extern "C" int32_t Tabra_ImportTableWizzard(SQLHDBC connection, char16_t *tableName, int32_t capacity) {
+    std::u16string table;
+    int32_t result = runImportWizard(connection, table);
+    if (result == 1 && tableName != nullptr && capacity >= 1) tabra::platform::writeBounded(tableName, capacity, table);
+    return result;
 }

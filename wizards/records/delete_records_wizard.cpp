@@ -21,6 +21,10 @@ extern "C" INT_PTR DelRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND pag
     return answerRecordsPage(kPages, wizard, pageId, page, message, wParam, lParam);
 }
 
+int32_t tabra::wizards::records::runDeleteRecordsWizard(SQLHDBC connection, DbObjectInfo *object, int32_t callerValue) {
+    return runRecordsWizard(Operation::Delete, connection, object, callerValue, kPageTable, DelRecsWizzCallback);
+}
+
 extern "C" int32_t Tabra_DeleteRecordsWizzard(SQLHDBC connection, DbObjectInfo *objectRecord, int32_t callerValue) {
-    return runRecordsWizard(Operation::Delete, connection, objectRecord, callerValue, kPageTable, DelRecsWizzCallback);
+    return runDeleteRecordsWizard(connection, objectRecord, callerValue);
 }

@@ -59,4 +59,9 @@ INT_PTR answerRecordsPage(std::span<const dialogs::Page<RecordsWizard>> pages, H
 int32_t runRecordsWizard(Operation operation, SQLHDBC connection, DbObjectInfo *object, int32_t callerValue,
                          const int32_t *pageTable, WIZZARDPROC procedure);
 
+// The two wizards for the library's other tools (Tabra_DeleteRecordsWizzard and
+// Tabra_UpdateRecordsWizzard are the exported shells over them).
+int32_t runDeleteRecordsWizard(SQLHDBC connection, DbObjectInfo *object, int32_t callerValue = 0);
+int32_t runUpdateRecordsWizard(SQLHDBC connection, DbObjectInfo *object, int32_t callerValue = 0);
+
 } // namespace tabra::wizards::records

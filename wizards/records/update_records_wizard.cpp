@@ -26,6 +26,10 @@ extern "C" INT_PTR UpdRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND pag
     return answerRecordsPage(kPages, wizard, pageId, page, message, wParam, lParam);
 }
 
+int32_t tabra::wizards::records::runUpdateRecordsWizard(SQLHDBC connection, DbObjectInfo *object, int32_t callerValue) {
+    return runRecordsWizard(Operation::Update, connection, object, callerValue, kPageTable, UpdRecsWizzCallback);
+}
+
 extern "C" int32_t Tabra_UpdateRecordsWizzard(SQLHDBC connection, DbObjectInfo *objectRecord, int32_t callerValue) {
-    return runRecordsWizard(Operation::Update, connection, objectRecord, callerValue, kPageTable, UpdRecsWizzCallback);
+    return runUpdateRecordsWizard(connection, objectRecord, callerValue);
 }
