@@ -85,7 +85,8 @@ Snapshot snapshot(SQLHDBC connection) {
                                  std::pair{TABRA_TABLE_TYPE_VIEW, &taken.views}}) {
         if (Tabra_GetTables(connection, flag, list.data(), kListCapacity, u"\t") != 0) continue;
         for (const std::u16string &name : split(list.data()))
-            (*objects)[name] = Tabra_GetRecordCount(connection, name.c_str(), 0);
+            if (name.rfind(u"sqlite_", 0) != 0) // the database's own bookkeeping
+                (*objects)[name] = Tabra_GetRecordCount(connection, name.c_str(), 0);
     }
     return taken;
 }
@@ -127,12 +128,36 @@ std::string driverFigures(SQLHDBC connection) {
     return toUtf8(name) + " " + toUtf8(dbmsVersion) + ", driver " + toUtf8(version);
 }
 
+std::string countFigures(SQLHDBC connection, const std::string &argument) {
+    size_t space = argument.find(' ');
+    std::string table = argument.substr(0, space);
+    std::string condition = space == std::string::npos ? "" : argument.substr(space + 1);
+    int32_t count = Tabra_GetRecordCountExt(connection, toUtf16(table).c_str(), toUtf16(condition).c_str());
+    return std::to_string(count) + " records of " + table + (condition.empty() ? "" : " with " + condition);
+}
+
+std::string columnFigures(SQLHDBC connection, const std::string &table) {
+    std::vector<char16_t> fields(kListCapacity);
+    Tabra_GetFields(connection, toUtf16(table).c_str(), 0, u", ", fields.data(), kListCapacity);
+    return table + " has the columns " + toUtf8(fields.data());
+}
+
+// A step of the tour: its title ("## TITLE"), its script actions, and what is printed
+// after it: what changed in the tables and views, or what a "#! KIND ARGUMENT" line
+// asks for (file PATH, count TABLE [CONDITION], columns TABLE, driver).
 struct Step {
     std::string title;
     std::vector<std::string> actions;
-    std::string file;    // "#! file PATH": the file the step writes
-    bool driver = false; // "#! driver": the driver's figures
+    std::string figure, argument;
 };
+
+std::string stepFigures(SQLHDBC connection, const Step &step) {
+    if (step.figure == "file") return fileFigures(step.argument);
+    if (step.figure == "count") return countFigures(connection, step.argument);
+    if (step.figure == "columns") return columnFigures(connection, step.argument);
+    if (step.figure == "driver") return driverFigures(connection);
+    return {};
+}
 
 struct Tour {
     SQLHDBC connection = SQL_NULL_HDBC;
@@ -146,10 +171,8 @@ void stepDone(HWND, void *context) {
     auto &tour = *static_cast<Tour *>(context);
     const Step &step = tour.steps[tour.done++];
     Snapshot now = snapshot(tour.connection);
-    std::string figures = changes(tour.last, now);
-    if (!step.file.empty()) figures = fileFigures(step.file);
-    if (step.driver) figures = driverFigures(tour.connection);
-    std::printf("%2zu. %-44s %s\n", tour.done, step.title.c_str(), figures.empty() ? "done" : figures.c_str());
+    std::string figures = step.figure.empty() ? changes(tour.last, now) : stepFigures(tour.connection, step);
+    std::printf("%2zu. %-42s %s\n", tour.done, step.title.c_str(), figures.empty() ? "done" : figures.c_str());
     std::fflush(stdout);
     tour.last = std::move(now);
 }
@@ -158,17 +181,26 @@ std::vector<Step> readTour(const std::string &path) {
     std::vector<Step> steps;
     std::ifstream file(path);
     for (std::string line; std::getline(file, line);) {
-        if (line.rfind("## ", 0) == 0) steps.push_back({line.substr(3), {}, {}, false});
-        else if (steps.empty() || line.empty()) continue;
-        else if (line.rfind("#! file ", 0) == 0) steps.back().file = line.substr(8);
-        else if (line == "#! driver") steps.back().driver = true;
-        else if (line[0] != '#') steps.back().actions.push_back(line);
+        if (line.rfind("## ", 0) == 0) {
+            steps.push_back({line.substr(3), {}, {}, {}});
+        } else if (steps.empty() || line.empty()) {
+            continue;
+        } else if (line.rfind("#! ", 0) == 0) {
+            size_t space = line.find(' ', 3);
+            steps.back().figure = line.substr(3, space == std::string::npos ? std::string::npos : space - 3);
+            steps.back().argument = space == std::string::npos ? "" : line.substr(space + 1);
+        } else if (line[0] != '#') {
+            steps.back().actions.push_back(line);
+        }
     }
     return steps;
 }
 
-// Objects of an earlier tour are dropped first, so that the tour can run again.
-void removeEarlierTour(SQLHDBC connection) {
+// Objects and files of an earlier tour are removed first, so that the tour can run
+// again.
+void removeEarlierTour(SQLHDBC connection, const std::vector<Step> &steps) {
+    for (const Step &step : steps)
+        if (step.figure == "file") std::remove(step.argument.c_str());
     SQLHSTMT statement = SQL_NULL_HSTMT;
     if (SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement) == SQL_SUCCESS) {
         std::u16string drop = u"DROP VIEW IF EXISTS TourView";
@@ -186,7 +218,7 @@ int runTour(SQLHDBC connection, const std::vector<std::string> &arguments) {
         std::fprintf(stderr, "tabra-demo: no steps in %s\n", path.c_str());
         return 2;
     }
-    removeEarlierTour(connection);
+    removeEarlierTour(connection, tour.steps);
     tour.last = snapshot(connection);
     TabraScript_Begin();
     for (const Step &step : tour.steps) {
