@@ -1,6 +1,7 @@
 // The export wizard: its state, the page table handed to the wizard frame, and the
 // file written once the user has finished the last page.
 #include "core/module/module_state.h"
+#include "wizards/wizard_state.h"
 #include "core/resource_ids.h"
 #include "ostrel_registry.h"
 #include "platform/text/bounded_text.h"
@@ -28,15 +29,6 @@ constexpr dialogs::Page<ExportWizardState> kPages[] = {
     {ids::kSummaryPage.id, &kSummaryPageDialog},
 };
 
-std::unique_ptr<ExportWizardState> newState() {
-    try {
-        return std::make_unique<ExportWizardState>();
-    } catch (const std::bad_alloc &) {
-        ShowMessage(core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
-        return nullptr;
-    }
-}
-
 } // namespace
 
 } // namespace tabra::wizards::exporting
@@ -53,7 +45,7 @@ extern "C" INT_PTR ExportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
 
 extern "C" int32_t Tabra_ExportWizzard(SQLHDBC connection, DbObjectInfo *parameterBlock, int32_t callerValue) {
     if (parameterBlock == nullptr) return 2;
-    auto state = newState();
+    auto state = newWizardState<ExportWizardState>();
     if (!state) return 2;
     state->connection = connection;
     state->object = *parameterBlock;

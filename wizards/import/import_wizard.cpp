@@ -7,6 +7,7 @@
 #include "tabra_wizards.h"
 #include "wizards/import/import_pages.h"
 #include "wizards/import/import_run.h"
+#include "wizards/wizard_state.h"
 
 #include <memory>
 #include <new>
@@ -26,36 +27,19 @@ constexpr dialogs::Page<ImportWizardState> kPages[] = {
     {ids::kMappingPage.id, &kMappingPageDialog},         {ids::kDestinationPage.id, &kDestinationPageDialog},
 };
 
-std::u16string readString(const char16_t *value, int32_t capacity) {
-    std::u16string text(static_cast<std::size_t>(capacity), u'\0');
-    int32_t length = Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, value,
-                                                   u"", text.data(), capacity, capacity - 1);
-    text.resize(static_cast<std::size_t>(std::max(length, 0)));
-    return text;
-}
-
 // The last choices: the source kind, the files, the data source and its table.
 void readChoices(ImportWizardState &state) {
     const auto &kinds = ids::kSourceKindPage;
     int32_t kind = Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, kTypeValue,
                                                kinds.table);
     state.sourceKind = kind >= kinds.table && kind <= kinds.selectionFile ? kind : kinds.table;
-    state.textFile = readString(kTextFileValue, kFileNameCapacity);
-    state.sdiFile = readString(kSdiFileValue, kFileNameCapacity);
-    state.selectionFile = readString(kSelectionFileValue, kFileNameCapacity);
-    state.sourceTable = readString(kTableValue, kTableNameCapacity);
+    state.textFile = readWizardString(kRegistryKey, kTextFileValue, kFileNameCapacity);
+    state.sdiFile = readWizardString(kRegistryKey, kSdiFileValue, kFileNameCapacity);
+    state.selectionFile = readWizardString(kRegistryKey, kSelectionFileValue, kFileNameCapacity);
+    state.sourceTable = readWizardString(kRegistryKey, kTableValue, kTableNameCapacity);
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, nullptr,
                                      &state.sourceRecord);
     state.converter = TelFaxSettings::fromRegistry();
-}
-
-std::unique_ptr<ImportWizardState> newState() {
-    try {
-        return std::make_unique<ImportWizardState>();
-    } catch (const std::bad_alloc &) {
-        ShowMessage(core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
-        return nullptr;
-    }
 }
 
 } // namespace
@@ -73,7 +57,7 @@ extern "C" INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
 }
 
 extern "C" int32_t Tabra_ImportTableWizzard(SQLHDBC connection, char16_t *tableName, int32_t capacity) {
-    auto state = newState();
+    auto state = newWizardState<ImportWizardState>();
     if (!state) return 2;
     state->connection = connection;
     readChoices(*state);
