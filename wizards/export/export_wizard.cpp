@@ -45,7 +45,7 @@ extern "C" INT_PTR ExportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
 
 extern "C" int32_t Tabra_ExportWizzard(SQLHDBC connection, DbObjectInfo *parameterBlock, int32_t callerValue) {
     if (parameterBlock == nullptr) return 2;
-    auto state = newWizardState<ExportWizardState>();
+    auto state = tabra::wizards::newWizardState<ExportWizardState>();
     if (!state) return 2;
     state->connection = connection;
     state->object = *parameterBlock;

@@ -57,7 +57,7 @@ extern "C" INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
 }
 
 extern "C" int32_t Tabra_ImportTableWizzard(SQLHDBC connection, char16_t *tableName, int32_t capacity) {
-    auto state = newWizardState<ImportWizardState>();
+    auto state = tabra::wizards::newWizardState<ImportWizardState>();
     if (!state) return 2;
     state->connection = connection;
     readChoices(*state);

@@ -5,6 +5,7 @@
 // refusals keep the user on the page (the empty id field only warns).
 #include "core/resource_ids.h"
 #include "ostrel_hook.h"
+#include "tabra_catalog.h"
 #include "support/backend_test.h"
 #include "support/scoped_environment.h"
 #include "support/script_lines.h"
@@ -68,8 +69,8 @@ protected:
     Lines toMapping(std::u16string_view destination, std::u16string_view sourceTable) const {
         return {select(kDestination.id, kDestination.tables, destination), next(kDestination.id),
                 select(kSources.id, kSources.dataSources, source_->name),
-                onDialog(kSources.id, "set", kSources.user, quoted(source_->user)),
-                onDialog(kSources.id, "set", kSources.password, quoted(source_->password)), next(kSources.id),
+                onDialog(kSources.id, "set", kSources.user, tabra::test::quoted(source_->user)),
+                onDialog(kSources.id, "set", kSources.password, tabra::test::quoted(source_->password)), next(kSources.id),
                 select(kTables.id, kTables.tables, sourceTable), next(kTables.id)};
     }
     // The id page matching by the two columns (none: every row added).
