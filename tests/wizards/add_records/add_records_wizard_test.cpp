@@ -40,7 +40,7 @@ std::string select(int32_t page, int32_t control, std::u16string_view entry) {
 }
 Row row(std::initializer_list<std::optional<std::u16string>> values) { return Row(values); }
 
-// Where the rows of each destination come from.
+// Where the rows of each destination come from (the test runs once per destination).
 Backend sourceOf(Backend destination) {
     switch (destination) {
     case Backend::PostgreSQL: return Backend::SQLite;
@@ -264,7 +264,12 @@ TEST_P(AddRecordsWizardTest, RefusalsKeepTheUserOnThePage) {
     }
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(AddRecordsWizardTest);
+// Each run is named after its pair, so that it holds the locks of both its servers.
+INSTANTIATE_TEST_SUITE_P(Pairs, AddRecordsWizardTest,
+                         ::testing::Values(Backend::PostgreSQL, Backend::MariaDB, Backend::SQLite),
+                         [](const ::testing::TestParamInfo<Backend> &info) {
+                             return std::string(backendName(sourceOf(info.param))) + "To" + backendName(info.param);
+                         });
 
 } // namespace
 } // namespace tabra::test
