@@ -113,6 +113,37 @@ TABRA_API INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page,
 TABRA_API INT_PTR EditImportFieldDialogCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
 
 /* ---- end of Import ---- */
+/* ---- Add records ----
+ *
+ * Copies the rows of a table of a second data source (the source) into a table of the
+ * caller's connection (the destination). The pages ask for the destination table (the
+ * tables of the record's DbObjectType, TABLE when it is 0; its DbObjectName chosen), the
+ * source data source and login (the wizard opens its own connection to it and closes it
+ * on every path), the source table, where each destination column takes its value from
+ * (NULL, a constant, or a source column; at first the source column of the same name,
+ * compared without regard to case; auto-increment and read-only columns are never
+ * written), and optionally a pair of id fields: a source row whose id is in the
+ * destination then UPDATEs those records (all of them), any other row is INSERTed. A
+ * constant is written between single quotes as it stands (a quote in it is not
+ * doubled), a source value as an SQL literal, numbers bare.
+ *
+ * After Finish every source row is written on the caller's connection in transactions
+ * committed in groups and at the end (the connection's autocommit state is restored);
+ * each statement passes the statement hook (Ostrel_DumpSqlStatement; any answer but 1
+ * stops quietly). A failing statement stops the copy with its diagnostics shown: the
+ * rows before it are kept. The user may abort under the progress indicator (title
+ * 2901): the rows so far are kept. The result is 1 after such stops too, 2 when the
+ * wizard was cancelled or the source could not be read. Choices are kept per user in
+ * the key "AddRecords" (the data source, "Table", "SourceIdField", "DestIdField").
+ * On 1 the parameter block, when given, receives the wizard's copy of it whole (144
+ * bytes: the destination table in DbObjectName). */
+TABRA_API int32_t Tabra_AddRecordsWizzard(SQLHDBC connection, DbObjectInfo *parameterBlock);
+TABRA_API INT_PTR AddRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
+                                      LPARAM lParam);
+/* The field dialog (template 10035): where one destination column takes its value from. */
+TABRA_API INT_PTR EditAddRecFieldDialogCallback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+
+/* ---- end of Add records ---- */
 /* ---- Export ----
  *
  * Copy the records of one table into a delimited text file. The pages: the table (the

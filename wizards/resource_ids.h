@@ -15,4 +15,8 @@ inline constexpr struct Messages {
     int32_t conversionNotAllowed = 1630; // %1 the source column: its type cannot go to the destination's
 } kMessage{};
 
+inline constexpr struct Strings {
+    int32_t progressTitle = 2901; // the progress indicator of the rows a wizard writes
+} kString{};
+
 } // namespace tabra::wizards::ids

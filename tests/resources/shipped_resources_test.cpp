@@ -16,6 +16,7 @@
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
+#include "wizards/add_records/resource_ids.h"
 #include "wizards/create_table/resource_ids.h"
 #include "wizards/import/resource_ids.h"
 #include "wizards/export/resource_ids.h"
@@ -121,6 +122,7 @@ const std::vector<Family> &families() {
     namespace core = tabra::core::ids;
     namespace query = tabra::query::ids;
     namespace importing = tabra::wizards::importing::ids;
+    namespace addRecords = tabra::wizards::add_records::ids;
     namespace exporting = tabra::wizards::exporting::ids;
     namespace records = tabra::wizards::records::ids;
     namespace createTable = tabra::wizards::create_table::ids;
@@ -148,7 +150,12 @@ const std::vector<Family> &families() {
          joined(idsOf(query::kString),
                 joined(idsOf(query::kOperatorLabel), joined(idsOf(query::kDesignerLabel), idsOf(query::kDesignerString)))),
          joined(idsOf(query::kMessage), idsOf(query::kDesignerMessage)), {}},
-        {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
+        {"wizards/resource_ids.h", {}, idsOf(tabra::wizards::ids::kString), idsOf(tabra::wizards::ids::kMessage), {}},
+        {"wizards/add_records/resource_ids.h",
+         {idsOf(addRecords::kDestinationTablePage), idsOf(addRecords::kDataSourcePage),
+          idsOf(addRecords::kSourceTablePage), idsOf(addRecords::kMappingPage), idsOf(addRecords::kIdPage),
+          idsOf(addRecords::kSummaryPage), idsOf(addRecords::kFieldDialog)},
+         idsOf(addRecords::kString), idsOf(addRecords::kMessage), {}},
         {"wizards/import/resource_ids.h",
          {idsOf(importing::kSourceKindPage), idsOf(importing::kTextFilePage), idsOf(importing::kSelectionFilePage),
           idsOf(importing::kSdiFilePage), idsOf(importing::kDataSourcePage), idsOf(importing::kSourceTablePage),

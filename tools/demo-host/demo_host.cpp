@@ -2,6 +2,7 @@
 #include "demo_host.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 namespace demo {
@@ -20,6 +21,12 @@ std::string toUtf8(const char16_t *text) {
 }
 
 std::string toUtf8(const std::u16string &text) { return toUtf8(text.c_str()); }
+
+int32_t printChangingStatement(const char16_t *statement, void *) {
+    std::string text = toUtf8(statement);
+    if (text.rfind("SELECT", 0) != 0) std::printf("Statement: %s\n", text.c_str());
+    return 1;
+}
 
 std::u16string unescapeArgument(const std::string &text) {
     std::u16string wide = toUtf16(text), result;

@@ -25,6 +25,10 @@ std::string toUtf8(const char16_t *text);
 // standing for the characters 9, 10 and 11 (and a backslash).
 std::u16string unescapeArgument(const std::string &text);
 
+// A statement hook (Ostrel_SetStatementHook) that prints every statement that changes
+// data and lets it run; the SELECTs (counts, reading a source) pass quietly.
+int32_t printChangingStatement(const char16_t *statement, void *context);
+
 using CommandFunction = int (*)(SQLHDBC connection, const std::vector<std::string> &arguments);
 
 struct DemoCommand {

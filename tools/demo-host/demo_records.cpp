@@ -10,13 +10,6 @@
 namespace demo {
 namespace {
 
-// Prints every statement the library runs that changes data (the counts pass quietly).
-int32_t printChange(const char16_t *statement, void *) {
-    std::string text = toUtf8(statement);
-    if (text.rfind("SELECT", 0) != 0) std::printf("Statement: %s\n", text.c_str());
-    return 1;
-}
-
 int runRecordsWizard(SQLHDBC connection, const std::vector<std::string> &arguments, bool deleting) {
     const char *name = deleting ? "delete-records" : "update-records";
     if (arguments.size() != 1) {
@@ -34,7 +27,7 @@ int runRecordsWizard(SQLHDBC connection, const std::vector<std::string> &argumen
     object.DbObjectType = TABRA_OBJECT_TABLE;
     std::printf("%s: %d records\n", arguments[0].c_str(), Tabra_GetRecordCount(connection, object.DbObjectName, 0));
 
-    Ostrel_SetStatementHook(printChange, nullptr);
+    Ostrel_SetStatementHook(printChangingStatement, nullptr);
     int32_t result = deleting ? Tabra_DeleteRecordsWizzard(connection, &object, 0)
                               : Tabra_UpdateRecordsWizzard(connection, &object, 0);
     Ostrel_SetStatementHook(nullptr, nullptr);

@@ -1,6 +1,7 @@
 // The export wizard: its state, the page table handed to the wizard frame, and the
 // file written once the user has finished the last page.
 #include "core/module/module_state.h"
+#include "wizards/wizard_state.h"
 #include "core/resource_ids.h"
 #include "ostrel_registry.h"
 #include "platform/text/bounded_text.h"
@@ -29,15 +30,6 @@ constexpr dialogs::Page<ExportWizardState> kPages[] = {
     {ids::kSummaryPage.id, &kSummaryPageDialog},
 };
 
-std::unique_ptr<ExportWizardState> newState() {
-    try {
-        return std::make_unique<ExportWizardState>();
-    } catch (const std::bad_alloc &) {
-        ShowMessage(core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
-        return nullptr;
-    }
-}
-
 } // namespace
 
 } // namespace tabra::wizards::exporting
@@ -55,7 +47,7 @@ extern "C" INT_PTR ExportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
 int32_t tabra::wizards::exporting::runExportWizard(SQLHDBC connection, DbObjectInfo *parameterBlock,
                                                    int32_t callerValue) {
     if (parameterBlock == nullptr) return 2;
-    auto state = newState();
+    auto state = tabra::wizards::newWizardState<ExportWizardState>();
     if (!state) return 2;
     state->connection = connection;
     state->object = *parameterBlock;

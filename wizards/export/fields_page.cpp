@@ -6,6 +6,7 @@
 #include "core/module/translated_string.h"
 #include "ostrel.h"
 #include "wizards/field_menu.h"
+#include "wizards/list_view_rows.h"
 #include "wizards/export/export_pages.h"
 
 #include <vector>
@@ -35,14 +36,6 @@ std::u16string shownHeading(const ExportField *field) {
     char16_t text[kNotExportedCapacity] = {};
     module::LoadTranslatedString(module::resourceLibrary(), ids::kString.notExported, text, kNotExportedCapacity);
     return text;
-}
-
-void setCellText(HWND list, int32_t row, int32_t column, const std::u16string &text) {
-    std::u16string copy = text;
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = copy.data();
-    SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 // Shows the field of the row (a row stands for the list slot of the same index).

@@ -9,7 +9,8 @@
 #include "ostrel_ui.h"
 #include "wizards/import/import_source.h"
 #include "wizards/import/import_statements.h"
-#include "wizards/import/row_inserter.h"
+#include "wizards/row_inserter.h"
+#include "wizards/row_progress.h"
 #include "wizards/import/telfax_converter.h"
 
 #include <memory>
@@ -19,36 +20,10 @@
 namespace tabra::wizards::importing {
 namespace {
 
-constexpr int32_t kTitleCapacity = 200;
-
 std::u16string decimalText(int32_t number) {
     std::string digits = std::to_string(number);
     return std::u16string(digits.begin(), digits.end());
 }
-
-// The progress indicator of the rows, destroyed with the object.
-class RowProgress {
-public:
-    explicit RowProgress(int32_t rows) {
-        char16_t title[kTitleCapacity] = {};
-        module::LoadTranslatedString(module::resourceLibrary(), ids::kString.progressTitle, title, kTitleCapacity);
-        indicator_ = Ostrel_CreateProgressIndicator(GetActiveWindow(), title, 0, rows);
-    }
-    ~RowProgress() {
-        if (indicator_ != nullptr) Ostrel_DestroyProgressIndicator(indicator_);
-    }
-    RowProgress(const RowProgress &) = delete;
-    RowProgress &operator=(const RowProgress &) = delete;
-    // Shows the row; true when the user has aborted.
-    bool show(int32_t row) {
-        if (indicator_ == nullptr) return false;
-        Ostrel_UpdateProgressIndicator(indicator_, row);
-        return Ostrel_CheckProgressIndicatorAborted(indicator_) == 1;
-    }
-
-private:
-    HWND indicator_ = nullptr;
-};
 
 // A value that could not be converted: the first of the row that stops the import.
 struct FailedValue {

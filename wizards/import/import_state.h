@@ -10,6 +10,7 @@
 #include "wizards/import/resource_ids.h"
 #include "wizards/import/telfax_converter.h"
 #include "wizards/import/text_format.h"
+#include "wizards/source_connection.h"
 
 #include <cstdint>
 #include <string>
@@ -28,28 +29,6 @@ inline constexpr char16_t kTableValue[] = u"Table";
 inline constexpr char16_t kTextFileValue[] = u"TextFile";
 inline constexpr char16_t kSdiFileValue[] = u"SdiFile";
 inline constexpr char16_t kSelectionFileValue[] = u"SelFile";
-
-// The source connection of a table source: open while the wizard runs, closed when the
-// data source changes and when the wizard ends, whatever way it ends.
-class SourceConnection {
-public:
-    SourceConnection() = default;
-    ~SourceConnection() { close(); }
-    SourceConnection(const SourceConnection &) = delete;
-    SourceConnection &operator=(const SourceConnection &) = delete;
-
-    // Connects to the record's data source (failures are shown); true when open.
-    bool open(const DataSourceInfo &record);
-    void close();
-    SQLHDBC handle() const { return connection_; }
-    // The data source it is open on (empty when closed).
-    const std::u16string &dataSource() const { return dataSource_; }
-
-private:
-    SQLHENV environment_ = SQL_NULL_HENV;
-    SQLHDBC connection_ = SQL_NULL_HDBC;
-    std::u16string dataSource_;
-};
 
 struct ImportWizardState {
     HWIZZARD wizard = 0;

@@ -63,15 +63,6 @@ std::u16string insertHead(SQLHDBC connection, const std::u16string &table, const
            u") VALUES ";
 }
 
-void appendSqlLiteral(std::u16string &statement, std::u16string_view text) {
-    statement += u'\'';
-    for (char16_t c : text) {
-        if (c == u'\'') statement += u'\'';
-        statement += c;
-    }
-    statement += u'\'';
-}
-
 void appendValueList(std::u16string &statement, const ImportFieldList &fields, bool swapDateParts) {
     statement += u'(';
     bool first = true;

@@ -29,6 +29,7 @@
 #pragma once
 
 #include "wizards/import/import_fields.h"
+#include "wizards/sql_literal.h"
 
 #include <sql.h>
 
@@ -43,8 +44,6 @@ std::u16string createTableStatement(SQLHDBC connection, const std::u16string &ta
 std::u16string insertHead(SQLHDBC connection, const std::u16string &table, const ImportFieldList &fields);
 // Appends "(v1,v2,...)" of the current values.
 void appendValueList(std::u16string &statement, const ImportFieldList &fields, bool swapDateParts);
-// Appends 'text' with each single quote doubled.
-void appendSqlLiteral(std::u16string &statement, std::u16string_view text);
 
 std::u16string sourceSelect(SQLHDBC source, const std::u16string &table, const ImportFieldList &fields);
 

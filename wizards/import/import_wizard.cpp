@@ -8,6 +8,7 @@
 #include "wizards/import/import_pages.h"
 #include "wizards/import/import_wizard.h"
 #include "wizards/import/import_run.h"
+#include "wizards/wizard_state.h"
 
 #include <memory>
 #include <new>
@@ -27,36 +28,19 @@ constexpr dialogs::Page<ImportWizardState> kPages[] = {
     {ids::kMappingPage.id, &kMappingPageDialog},         {ids::kDestinationPage.id, &kDestinationPageDialog},
 };
 
-std::u16string readString(const char16_t *value, int32_t capacity) {
-    std::u16string text(static_cast<std::size_t>(capacity), u'\0');
-    int32_t length = Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, value,
-                                                   u"", text.data(), capacity, capacity - 1);
-    text.resize(static_cast<std::size_t>(std::max(length, 0)));
-    return text;
-}
-
 // The last choices: the source kind, the files, the data source and its table.
 void readChoices(ImportWizardState &state) {
     const auto &kinds = ids::kSourceKindPage;
     int32_t kind = Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, kTypeValue,
                                                kinds.table);
     state.sourceKind = kind >= kinds.table && kind <= kinds.selectionFile ? kind : kinds.table;
-    state.textFile = readString(kTextFileValue, kFileNameCapacity);
-    state.sdiFile = readString(kSdiFileValue, kFileNameCapacity);
-    state.selectionFile = readString(kSelectionFileValue, kFileNameCapacity);
-    state.sourceTable = readString(kTableValue, kTableNameCapacity);
+    state.textFile = readWizardString(kRegistryKey, kTextFileValue, kFileNameCapacity);
+    state.sdiFile = readWizardString(kRegistryKey, kSdiFileValue, kFileNameCapacity);
+    state.selectionFile = readWizardString(kRegistryKey, kSelectionFileValue, kFileNameCapacity);
+    state.sourceTable = readWizardString(kRegistryKey, kTableValue, kTableNameCapacity);
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, nullptr,
                                      &state.sourceRecord);
     state.converter = TelFaxSettings::fromRegistry();
-}
-
-std::unique_ptr<ImportWizardState> newState() {
-    try {
-        return std::make_unique<ImportWizardState>();
-    } catch (const std::bad_alloc &) {
-        ShowMessage(core::ids::kMessage.outOfMemory, nullptr, nullptr, nullptr);
-        return nullptr;
-    }
 }
 
 } // namespace
@@ -74,7 +58,7 @@ extern "C" INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page
 }
 
 int32_t tabra::wizards::importing::runImportWizard(SQLHDBC connection, std::u16string &table) {
-    auto state = newState();
+    auto state = tabra::wizards::newWizardState<ImportWizardState>();
     if (!state) return 2;
     state->connection = connection;
     readChoices(*state);

@@ -15,6 +15,7 @@
 #include "platform/text/bounded_text.h"
 #include "wizards/import/import_pages.h"
 #include "wizards/import/mapping_checks.h"
+#include "wizards/list_view_rows.h"
 
 #include <algorithm>
 #include <string>
@@ -58,13 +59,6 @@ std::vector<int32_t> selectedRows(HWND page) {
     return rows;
 }
 
-void setCellText(HWND list, int32_t row, int32_t column, std::u16string text) {
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text.data();
-    SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-}
-
 void redrawRow(HWND page, const ImportWizardState &state, int32_t row) {
     const ImportField *field = state.fields.inDisplayOrder(static_cast<std::size_t>(row));
     if (field == nullptr) return;
@@ -73,13 +67,7 @@ void redrawRow(HWND page, const ImportWizardState &state, int32_t row) {
     setCellText(fieldList(page), row, 2, typeText(*field));
 }
 
-void selectRow(HWND page, int32_t row) {
-    LVITEMW item{};
-    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    SendMessageW(fieldList(page), LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
-    item.state = LVIS_SELECTED | LVIS_FOCUSED;
-    SendMessageW(fieldList(page), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-}
+void selectRow(HWND page, int32_t row) { selectOnlyRow(fieldList(page), row); }
 
 void enableButtons(HWND page, const ImportWizardState &state) {
     auto rows = selectedRows(page);

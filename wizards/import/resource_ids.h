@@ -1,7 +1,7 @@
 // Resource identifiers of the import wizard: its nine pages and the field dialog with
 // their controls, its strings, messages and the field list's context menu. Their texts
 // are in resources/<language>/tabraRes-import.rc; the messages it shares with the other
-// wizards are in wizards/resource_ids.h (1617, 1625, 1630), the ones shared across
+// wizards are in wizards/resource_ids.h (1617, 1625, 1630, the progress title 2901), the ones shared across
 // families in core/resource_ids.h (1600, 1601, 1602, 1615, 1616, 1642). The pattern is
 // described in core/resource_ids.h.
 #pragma once
@@ -108,7 +108,6 @@ inline constexpr struct FieldDialog {
 } kFieldDialog{};
 
 inline constexpr struct Strings {
-    int32_t progressTitle = 2901;
     int32_t wizardTitle = 2906;
     int32_t fieldColumns = 2920;   // "title|width|title|width|title|width" of the field list
     int32_t notImported = 2921;    // shown as the column of a field that is not imported

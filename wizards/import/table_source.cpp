@@ -1,11 +1,10 @@
 // A source table: its columns as fields, and its rows through one SELECT.
 #include "wizards/import/table_source.h"
 
-#include "catalog/catalog_calls.h"
 #include "catalog/column_facts.h"
 #include "catalog/record_counts.h"
+#include "catalog/table_columns.h"
 #include "core/connection/connection_info.h"
-#include "core/odbc/bound_column.h"
 #include "core/odbc/statement_runner.h"
 #include "platform/text/bounded_text.h"
 #include "rowset/row_set_reader.h"
@@ -19,10 +18,6 @@
 namespace tabra::wizards::importing {
 namespace {
 
-constexpr int32_t kColumnNameDeclared = 100;
-constexpr SQLUSMALLINT kColumnNameColumn = 4;
-constexpr SQLUSMALLINT kDataTypeColumn = 5;
-constexpr SQLUSMALLINT kColumnSizeColumn = 7;
 constexpr int32_t kValueCapacity = 30000;
 
 class TableRows : public RowSource {
@@ -77,26 +72,11 @@ private:
 
 bool readTableFields(SQLHDBC source, const std::u16string &table, ImportFieldList &fields) {
     fields.clear();
-    {
-        odbc::StatementRunner statement(source, nullptr);
-        if (statement.allocate() != odbc::RunResult::Done ||
-            statement.check(catalog::callColumns(statement.handle(), nullptr, table.c_str())) != odbc::RunResult::Done)
-            return false;
-        odbc::BoundText<kColumnNameDeclared> name;
-        odbc::BoundShort type;
-        SQLINTEGER size = 0;
-        SQLLEN sizeIndicator = 0;
-        if (statement.check(name.bind(statement.handle(), kColumnNameColumn)) != odbc::RunResult::Done ||
-            statement.check(type.bind(statement.handle(), kDataTypeColumn)) != odbc::RunResult::Done ||
-            statement.check(SQLBindCol(statement.handle(), kColumnSizeColumn, SQL_C_SLONG, &size, 0, &sizeIndicator)) !=
-                odbc::RunResult::Done)
-            return false;
-        while (SQL_SUCCEEDED(statement.fetch())) {
-            std::u16string column(platform::viewOfBuffer(name.text, kColumnNameDeclared));
-            fields.add(describedField(column, Tabra_SqlDataTypeToTabraDataType(type.value),
-                                      sizeIndicator == SQL_NULL_DATA ? 0 : size));
-        }
-    }
+    auto columns = catalog::tableColumns(source, table.c_str());
+    if (!columns) return false;
+    for (const catalog::CatalogColumn &column : *columns)
+        fields.add(describedField(column.name, Tabra_SqlDataTypeToTabraDataType(column.sqlType),
+                                  column.size));
     if (fields.count() == 0) {
         ShowMessage(wizards::ids::kMessage.tableWithoutColumns, table.c_str(), nullptr, nullptr);
         return false;

@@ -124,6 +124,16 @@ bool setValue(ImportField &field, std::u16string_view text, const ConversionRule
     return !failed;
 }
 
+bool convertTableValue(int32_t sourceType, int32_t type, std::u16string_view text,
+                       std::optional<std::u16string> &value) {
+    ImportField field;
+    field.sourceType = sourceType;
+    field.type = type;
+    const bool converted = setValue(field, text, {u'.', true, nullptr});
+    value = std::move(field.value);
+    return converted;
+}
+
 std::optional<std::u16string> fileNumber(std::u16string_view text, char16_t decimal) {
     std::u16string number;
     for (char16_t c : text) {

@@ -37,6 +37,11 @@ struct ConversionRules {
 // Sets field.value from text; false when the value could not be converted.
 bool setValue(ImportField &field, std::u16string_view text, const ConversionRules &rules);
 
+// A value of a table column converted from one type code to another as setValue does
+// for a table source; false when it could not be converted (value then has none).
+bool convertTableValue(int32_t sourceType, int32_t type, std::u16string_view text,
+                       std::optional<std::u16string> &value);
+
 // The file kinds' cleaning of a text into a number; nullopt when the result is no
 // number (an empty result of a blank text is the empty text).
 std::optional<std::u16string> fileNumber(std::u16string_view text, char16_t decimal);

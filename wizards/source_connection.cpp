@@ -1,9 +1,9 @@
-// The source connection of a table source.
-#include "wizards/import/import_state.h"
+// A wizard's own connection to a second data source.
+#include "wizards/source_connection.h"
 
 #include "platform/text/bounded_text.h"
 
-namespace tabra::wizards::importing {
+namespace tabra::wizards {
 
 bool SourceConnection::open(const DataSourceInfo &record) {
     close();
@@ -23,4 +23,4 @@ void SourceConnection::close() {
     dataSource_.clear();
 }
 
-} // namespace tabra::wizards::importing
+} // namespace tabra::wizards

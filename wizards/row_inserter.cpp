@@ -1,11 +1,11 @@
-// The import's rows sent in statements of several rows, in transactions, and again one
+// A wizard's rows sent in statements of several rows, in transactions, and again one
 // by one when a statement fails.
-#include "wizards/import/row_inserter.h"
+#include "wizards/row_inserter.h"
 
 #include "core/odbc/statement_runner.h"
 #include "ostrel_hook.h"
 
-namespace tabra::wizards::importing {
+namespace tabra::wizards {
 namespace {
 
 bool statementsShown() { return (Ostrel_GetDumpState(0) & OSTREL_DUMP_SHOW_STATEMENTS) != 0; }
@@ -17,8 +17,13 @@ RowInserter::RowInserter(SQLHDBC connection, std::u16string head, bool multiRow)
       transaction_(statementsShown() ? SQL_NULL_HDBC : connection) {}
 
 RowInserter::Sent RowInserter::send(const std::vector<Row> &rows, std::size_t from, std::size_t to, bool shown) {
-    statement_ = head_;
-    for (std::size_t i = from; i < to; ++i) {
+    if (rows[from].whole) {
+        statement_ = rows[from].values;
+        to = from + 1;
+    } else {
+        statement_ = head_;
+    }
+    for (std::size_t i = from; i < to && !rows[from].whole; ++i) {
         if (i > from) statement_ += u',';
         statement_ += rows[i].values;
     }
@@ -40,6 +45,13 @@ bool RowInserter::add(int32_t rowNumber, std::u16string values) {
     waitingLength_ += values.size() + 1;
     waiting_.push_back({rowNumber, std::move(values)});
     if (!multiRow_) flush();
+    return !stopped_;
+}
+
+bool RowInserter::addStatement(int32_t rowNumber, std::u16string statement) {
+    if (stopped_ || !flush()) return false;
+    waiting_.push_back({rowNumber, std::move(statement), true});
+    flush();
     return !stopped_;
 }
 
@@ -108,4 +120,4 @@ bool RowInserter::finish() {
     return commit() && !failedRow_;
 }
 
-} // namespace tabra::wizards::importing
+} // namespace tabra::wizards

@@ -1,8 +1,10 @@
-// Sending the import's rows to the table, fast and without losing any.
+// Sending a wizard's rows to the table, fast and without losing any (the import and the
+// add records wizard).
 //
-// Each row is one parenthesised list of values after the INSERT's head
-// (import_statements.h), and every statement passes the statement hook through the
-// statement runner. How the rows travel:
+// Each row is one parenthesised list of values after the INSERT's head, or a statement
+// of its own (an UPDATE of the add records wizard, which then goes alone), and every
+// statement passes the statement hook through the statement runner. How the rows
+// travel:
 //   - With the statement display switched on (Ostrel_GetDumpState) every row is a
 //     statement of its own, run as the connection commits, so that the user sees and
 //     confirms each one.
@@ -14,11 +16,11 @@
 //     transaction is rolled back and its rows are sent again one per statement, each
 //     committed at once, with failures shown: the rows before the failing one are then
 //     in the table, the failing one's diagnostics are shown with its statement, and the
-//     import stops there.
-// A statement the hook refuses stops the import quietly; what went in before is kept.
+//     run stops there.
+// A statement the hook refuses stops the run quietly; what went in before is kept.
 #pragma once
 
-#include "wizards/import/import_transaction.h"
+#include "wizards/row_transaction.h"
 
 #include <sql.h>
 
@@ -27,7 +29,7 @@
 #include <string>
 #include <vector>
 
-namespace tabra::wizards::importing {
+namespace tabra::wizards {
 
 class RowInserter {
 public:
@@ -38,9 +40,12 @@ public:
     // one statement.
     RowInserter(SQLHDBC connection, std::u16string head, bool multiRow);
 
-    // Hands over row number rowNumber (its value list); false when the import is to stop
+    // Hands over row number rowNumber (its value list); false when the run is to stop
     // (a failure shown, or a statement refused).
     bool add(int32_t rowNumber, std::u16string values);
+    // The same for a row that is a whole statement of its own; it is sent at once, after
+    // the rows waiting before it.
+    bool addStatement(int32_t rowNumber, std::u16string statement);
     // Sends what is waiting and commits; false when that failed. Call once at the end,
     // also after add() answered false.
     bool finish();
@@ -57,6 +62,7 @@ private:
     struct Row {
         int32_t number;
         std::u16string values;
+        bool whole = false; // values is the whole statement
     };
     enum class Sent { Done, Refused, Failed };
     Sent send(const std::vector<Row> &rows, std::size_t from, std::size_t to, bool shown);
@@ -68,7 +74,7 @@ private:
     SQLHDBC connection_;
     std::u16string head_;
     bool multiRow_;
-    ImportTransaction transaction_;
+    RowTransaction transaction_;
     std::vector<Row> waiting_;   // the next statement's rows
     std::size_t waitingLength_ = 0;
     std::vector<Row> uncommitted_; // sent since the last commit
@@ -78,4 +84,4 @@ private:
     std::optional<int32_t> failedRow_;
 };
 
-} // namespace tabra::wizards::importing
+} // namespace tabra::wizards

@@ -1,5 +1,5 @@
-// The import's rows in transactions on the caller's connection: autocommit is switched
-// off while the rows go in, they are committed in groups and at the end, and the
+// A wizard's rows in transactions on the caller's connection (the import's and the add
+// records wizard's): autocommit is switched off while the rows go in, they are committed in groups and at the end, and the
 // connection gets its autocommit state back on every path (the destructor restores it).
 // A driver that has no transactions (SQL_TXN_CAPABLE is SQL_TC_NONE) or does not let
 // autocommit be switched off leaves every statement committed as it runs.
@@ -8,15 +8,15 @@
 #include <sql.h>
 #include <sqlext.h>
 
-namespace tabra::wizards::importing {
+namespace tabra::wizards {
 
-class ImportTransaction {
+class RowTransaction {
 public:
     // Switches autocommit off when the connection can run transactions.
-    explicit ImportTransaction(SQLHDBC connection);
-    ~ImportTransaction();
-    ImportTransaction(const ImportTransaction &) = delete;
-    ImportTransaction &operator=(const ImportTransaction &) = delete;
+    explicit RowTransaction(SQLHDBC connection);
+    ~RowTransaction();
+    RowTransaction(const RowTransaction &) = delete;
+    RowTransaction &operator=(const RowTransaction &) = delete;
 
     // Whether the rows go in transactions (autocommit is off now).
     bool active() const { return active_; }
@@ -35,4 +35,4 @@ private:
     bool active_ = false;
 };
 
-} // namespace tabra::wizards::importing
+} // namespace tabra::wizards
