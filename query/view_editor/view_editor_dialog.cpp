@@ -98,7 +98,7 @@ void design(HWND dialog, ViewEditState &state, int32_t) {
         state.selection = designer::descriptorText(query, TABRA_SELFACT_SELECTION).substr(0, kTextLength);
         state.statement = designer::statementText(query, kTextLength + 1);
     } catch (const std::bad_alloc &) {
-        Tabra_SelFact_DisplayError(TABRA_SELFACT_NO_MEMORY);
+        showMessage(core::ids::kMessage.outOfMemory);
         return;
     }
     showStatement(dialog, state);
