@@ -168,7 +168,7 @@ inline constexpr struct ViewEditorDialog {
 
 inline constexpr struct ViewEditorStrings {
     int32_t statementFilter = 1806; // file dialog filter of statement files
-    int32_t loadTitle = 2907;
+    int32_t loadTitle = 2915;       // its own id: 2907 is the add records wizard's title
     int32_t saveTitle = 2916;
 } kViewEditorString{};
 

@@ -169,38 +169,56 @@ TEST_P(ViewEditorTest, ScriptedSessions) {
     }
 }
 
-// A stored view reopened: the designer shows the statement of its stored lists and
-// gives it back; the statement goes to a file as UTF-8 and comes back from a UTF-16
-// file.
+// A view designed in the designer and created; reopened from its stored items, the
+// designer shows the same statement; the statement goes to a file as UTF-8 and comes
+// back from a UTF-16 file.
 TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
-    ViewEditState stored = state(u"big_orders");
-    ASSERT_EQ(createView(stored), 1);
+    const std::u16string designed = u"SELECT o.total FROM orders AS o";
+    const std::string showsDesigned = onDialog(kEditor.id, "expect", kEditor.statement, quoted(std::u16string_view(designed)));
+    const auto &list = ids::kDesignerList;
     ViewEditState view = state();
-    ASSERT_TRUE(loadViewItems(view, u"big_orders"));
+    view.statement = view.tables = view.columns = view.selection = u"";
+    {
+        ScriptedRun run;
+        for (const std::string &line :
+             {onDialog(kEditor.id, "set", kEditor.name, "\"designed\""), click(kEditor.id, kEditor.design),
+              onDialog(ids::kDesignerTablesPage.id, "doubleclick", list.available, "\"orders\""),
+              onDialog(ids::kDesignerDialog.id, "select", ids::kDesignerDialog.pages, "\"Columns\""),
+              onDialog(ids::kDesignerColumnsPage.id, "doubleclick", list.available, "\"o.total\""),
+              click(ids::kDesignerDialog.id, IDOK), showsDesigned, click(kEditor.id, IDOK)})
+            run.queue(line);
+        EXPECT_EQ(runViewEditor(view, 0, nullptr), 1);
+        EXPECT_FALSE(run.failed());
+        EXPECT_EQ(run.pending(), 0);
+    }
+    EXPECT_EQ(queryRows(*connection_, u"SELECT total FROM designed ORDER BY total"),
+              (std::vector<Row>{{u"50"}, {u"150"}}));
+
+    ViewEditState reopened = state();
+    ASSERT_TRUE(loadViewItems(reopened, u"designed"));
     const auto folder = std::filesystem::temp_directory_path() / ("tabra-view-editor-" + std::to_string(getpid()));
     std::filesystem::create_directories(folder);
     const std::string saved = (folder / "saved.sql").string(), wide = (folder / "wide.sql").string();
     const std::u16string loaded = u"SELECT total FROM orders -- Größe \U0001F600";
     std::ofstream(wide, std::ios::binary) << std::string("\xFF\xFE", 2)
                                           << std::string(reinterpret_cast<const char *>(loaded.data()), loaded.size() * 2);
-
     ScriptedRun run;
     for (const std::string &line :
          {click(kEditor.id, kEditor.design),
-          onDialog(ids::kDesignerDialog.id, "expect", ids::kDesignerDialog.statement, quoted(std::u16string_view(kBigOrders))),
-          click(ids::kDesignerDialog.id, IDOK),
-          onDialog(kEditor.id, "expect", kEditor.statement, quoted(std::u16string_view(kBigOrders))),
-          click(kEditor.id, kEditor.save), "file: choose " + quoted(std::u16string_view(toUtf16(saved))), click(kEditor.id, kEditor.load),
-          "file: choose " + quoted(std::u16string_view(toUtf16(wide))), onDialog(kEditor.id, "expect", kEditor.statement, quoted(std::u16string_view(loaded))),
+          onDialog(ids::kDesignerDialog.id, "expect", ids::kDesignerDialog.statement, quoted(std::u16string_view(designed))),
+          click(ids::kDesignerDialog.id, IDOK), showsDesigned, click(kEditor.id, kEditor.save),
+          "file: choose " + quoted(std::u16string_view(toUtf16(saved))), click(kEditor.id, kEditor.load),
+          "file: choose " + quoted(std::u16string_view(toUtf16(wide))),
+          onDialog(kEditor.id, "expect", kEditor.statement, quoted(std::u16string_view(loaded))),
           click(kEditor.id, IDCANCEL)})
         run.queue(line);
-    EXPECT_EQ(runViewEditor(view, 0, nullptr), 2);
+    EXPECT_EQ(runViewEditor(reopened, 0, nullptr), 2);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(run.pending(), 0);
-    EXPECT_EQ(view.statement, kBigOrders); // Cancel keeps the caller's state
+    EXPECT_EQ(reopened.statement, designed); // Cancel keeps the caller's state
     std::stringstream bytes;
     bytes << std::ifstream(saved, std::ios::binary).rdbuf();
-    EXPECT_EQ(bytes.str(), toUtf8(kBigOrders));
+    EXPECT_EQ(bytes.str(), toUtf8(designed));
     char16_t last[300] = {};
     Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, u"LastUsed", u"SqlStatementFile", u"",
                                   last, 300, 299);
