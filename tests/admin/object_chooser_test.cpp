@@ -17,6 +17,8 @@
 #include "support/script_lines.h"
 #include "support/scripted_run.h"
 #include "tabra.h"
+#include "query/resource_ids.h"
+#include "wizards/add_records/resource_ids.h"
 #include "wizards/create_table/resource_ids.h"
 #include "wizards/export/resource_ids.h"
 #include "wizards/import/resource_ids.h"
@@ -99,32 +101,45 @@ protected:
     }
 };
 
-// Each tool opens on the table under the cursor and is left again; the chooser stays.
-TEST_P(ObjectChooserTest, TablesPageAndDialogButtonsReachTheirTools) {
+// Each tool opens on the object under the cursor and is left again; the chooser stays.
+TEST_P(ObjectChooserTest, PageAndDialogButtonsReachTheirTools) {
     auto connection = prepared();
+    executeAll(connection, {u"CREATE VIEW orders_v AS SELECT item FROM orders"});
+    setViewsOnly(0);
+    const int32_t viewEditor = query::ids::kViewEditorDialog.id;
     const struct {
-        int32_t button;
-        std::string leave; // the tool's line that closes it again
+        int32_t page, button;
+        std::vector<std::string> leave; // the tool's lines that close it again
     } tools[] = {
-        {kTablesPage.create, click(wizards::create_table::ids::kModePage.id, IDCANCEL)},
-        {kTablesPage.administer, click(admin::table_admin::ids::kTableAdminDialog.id, IDOK)},
-        {kTablesPage.import, click(wizards::importing::ids::kSourceKindPage.id, IDCANCEL)},
-        {kTablesPage.exportRows, click(wizards::exporting::ids::kTablePage.id, IDCANCEL)},
-        {kTablesPage.deleteRecords, click(wizards::records::ids::kDeleteTablePage.id, IDCANCEL)},
-        {kTablesPage.updateRecords, click(wizards::records::ids::kUpdateTablePage.id, IDCANCEL)},
-        {kChooserDialog.driverInformation, click(admin::driver_info::ids::kDriverInfoDialog.id, IDOK)},
-        {kChooserDialog.sqlPerformer, click(admin::sql_performer::ids::kConnectionPerformerDialog.id, IDCANCEL)},
+        {kTablesPage.id, kTablesPage.create, {click(wizards::create_table::ids::kModePage.id, IDCANCEL)}},
+        {kTablesPage.id, kTablesPage.administer, {click(admin::table_admin::ids::kTableAdminDialog.id, IDOK)}},
+        {kTablesPage.id, kTablesPage.import, {click(wizards::importing::ids::kSourceKindPage.id, IDCANCEL)}},
+        {kTablesPage.id, kTablesPage.exportRows, {click(wizards::exporting::ids::kTablePage.id, IDCANCEL)}},
+        {kTablesPage.id, kTablesPage.addRecords, {click(wizards::add_records::ids::kDestinationTablePage.id, IDCANCEL)}},
+        {kTablesPage.id, kTablesPage.deleteRecords, {click(wizards::records::ids::kDeleteTablePage.id, IDCANCEL)}},
+        {kTablesPage.id, kTablesPage.updateRecords, {click(wizards::records::ids::kUpdateTablePage.id, IDCANCEL)}},
+        {kTablesPage.id, kChooserDialog.driverInformation, {click(admin::driver_info::ids::kDriverInfoDialog.id, IDOK)}},
+        {kTablesPage.id, kChooserDialog.sqlPerformer,
+         {click(admin::sql_performer::ids::kConnectionPerformerDialog.id, IDCANCEL)}},
+        {kViewsPage.id, kViewsPage.create, {click(viewEditor, IDCANCEL)}},
+        {kViewsPage.id, kViewsPage.edit, {answer(ids::kMessage.noStoredStatement, "ok"), click(viewEditor, IDCANCEL)}},
+        {kViewsPage.id, kViewsPage.exportRows, {click(wizards::exporting::ids::kTablePage.id, IDCANCEL)}},
+        {kViewsPage.id, kViewsPage.deleteRecords, {click(wizards::records::ids::kDeleteTablePage.id, IDCANCEL)}},
+        {kViewsPage.id, kViewsPage.updateRecords, {click(wizards::records::ids::kUpdateTablePage.id, IDCANCEL)}},
     };
+    int32_t shownPage = kTablesPage.id;
     for (const auto &tool : tools) {
-        run.queue(click(kTablesPage.id, tool.button));
-        run.queue(tool.leave);
+        if (tool.page != shownPage) run.queue(onDialog(kChooserDialog.id, "select", kChooserDialog.pages, "#1"));
+        shownPage = tool.page;
+        run.queue(click(tool.page, tool.button));
+        for (const std::string &line : tool.leave) run.queue(line);
     }
-    run.queue(click(kTablesPage.id, kTablesPage.open));
+    run.queue(click(kViewsPage.id, kViewsPage.open));
     auto request = chooserRequest(dataSource(), TABRA_CHOOSER_PAGE_TABLES | TABRA_CHOOSER_PAGE_VIEWS, u"orders");
     EXPECT_EQ(choose(request), 1);
     EXPECT_EQ(request.Action, TABRA_CHOOSER_ACTION_OPEN);
-    EXPECT_EQ(std::u16string(request.DbObject.DbObjectName), u"orders");
-    EXPECT_EQ(request.DbObject.DbObjectType, TABRA_OBJECT_TABLE);
+    EXPECT_EQ(std::u16string(request.DbObject.DbObjectName), u"orders_v");
+    EXPECT_EQ(request.DbObject.DbObjectType, TABRA_OBJECT_VIEW);
     EXPECT_EQ(std::u16string(request.DataSource.DataSourceName), dataSource().name) << "copied back";
 }
 
