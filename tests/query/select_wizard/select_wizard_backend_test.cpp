@@ -26,7 +26,8 @@ protected:
                                u"CREATE TABLE orders (orderno INTEGER, custno INTEGER, total INTEGER)",
                                u"INSERT INTO customers VALUES (1, 'Alpha')", u"INSERT INTO customers VALUES (2, 'Beta')",
                                u"INSERT INTO orders VALUES (10, 1, 150)", u"INSERT INTO orders VALUES (11, 1, 50)",
-                               u"INSERT INTO orders VALUES (12, 2, 300)"});
+                               u"INSERT INTO orders VALUES (12, 2, 300)",
+                               u"CREATE VIEW big_orders AS SELECT orderno, total FROM orders WHERE total > 100"});
     }
     // "{t}" in a statement stands for the schema a table entry reads with, if any.
     std::u16string withSchema(std::u16string_view text) const {
@@ -76,6 +77,9 @@ TEST_P(SelectWizardTest, ComposesAndReadsBackStatements) {
          u"SELECT * FROM {t}customers ORDER BY name", 0,
          {on("expect", w.sortColumn, "\"name\""), on("check", w.noSort)}, u"SELECT * FROM {t}customers",
          {{u"1", u"Alpha"}, {u"2", u"Beta"}}},
+        {"views are offered once their box is checked", u"", 0,
+         {on("check", w.views), on("select", w.tableList, test::quoted(withSchema(u"{t}big_orders")))},
+         u"SELECT * FROM {t}big_orders", {{u"10", u"150"}, {u"12", u"300"}}},
         {"a statement without FROM opens like an empty one", u"SELECT 1", 0, {}, u"SELECT * FROM {first}", {}},
         {"without the flag a second table replaces the first", u"", 0,
          {on("select", w.tableList, customers), on("toggle", w.tableList, orders)}, u"SELECT * FROM {t}orders", {}},
@@ -109,17 +113,21 @@ TEST_P(SelectWizardTest, ComposesAndReadsBackStatements) {
     }
 }
 
-TEST_P(SelectWizardTest, CancelLeavesTheStatementAndShortBuffersAreCut) {
+TEST_P(SelectWizardTest, HelpAndCancelLeaveTheStatementAndShortBuffersAreCut) {
     auto connection = connect();
     const std::u16string opening = withSchema(u"SELECT name FROM {t}customers");
     {
         ScriptedRun run;
         run.queue(on("uncheck", kWizard.allColumns));
+        run.queue(click(kWizard.id, IDHELP));
         run.queue(click(kWizard.id, IDCANCEL));
         std::u16string statement = opening;
         statement.resize(100);
         EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement.data(), 100, nullptr, 0, 0), 2);
         EXPECT_EQ(std::u16string(statement.c_str()), opening);
+        auto help = run.records(TABRA_RECORD_HELP);
+        ASSERT_EQ(help.size(), 1u);
+        EXPECT_EQ(help[0].id, kWizard.id);
     }
     ScriptedRun run;
     run.queue(click(kWizard.id, IDOK));
