@@ -2,9 +2,9 @@
 // boxes, statements read back, the single-table rule, and the enabled states; each
 // statement the wizard returns is run on the backend.
 #include "catalog/catalog_test_support.h"
-#include "query/select_wizard/resource_ids.h"
 #include "core/module/module_state.h"
 #include "ostrel_registry.h"
+#include "query/select_wizard/resource_ids.h"
 #include "support/scoped_environment.h"
 #include "tabra_connection.h"
 #include "tabra_query.h"
@@ -29,12 +29,14 @@ protected:
                                u"INSERT INTO orders VALUES (12, 2, 300)",
                                u"CREATE VIEW big_orders AS SELECT orderno, total FROM orders WHERE total > 100"});
     }
-    // "{t}" in a statement stands for the schema a table entry reads with, if any.
-    std::u16string withSchema(std::u16string_view text) const {
+    // "{t}" in a statement stands for the schema a table entry reads with, if any,
+    // "{first}" for the first table entry.
+    std::u16string withSchema(std::u16string_view text, std::u16string_view first = {}) const {
         std::u16string out(text);
-        const std::u16string schema = backend() == Backend::PostgreSQL ? u"public." : u"";
-        for (size_t at = out.find(u"{t}"); at != std::u16string::npos; at = out.find(u"{t}", at))
-            out.replace(at, 3, schema);
+        for (auto [mark, by] : {std::pair<std::u16string_view, std::u16string_view>{u"{first}", first},
+                                {u"{t}", backend() == Backend::PostgreSQL ? u"public." : u""}})
+            for (size_t at = out.find(mark); at != std::u16string::npos; at = out.find(mark, at))
+                out.replace(at, mark.size(), by);
         return out;
     }
 };
@@ -51,7 +53,7 @@ struct ComposeCase {
     int32_t flags;
     std::vector<std::string> actions;
     std::u16string_view expected;
-    std::vector<Row> rows; // in any order; empty: the statement is not run
+    std::vector<Row> rows; // empty: the statement is not run
 };
 
 TEST_P(SelectWizardTest, ComposesAndReadsBackStatements) {
@@ -101,15 +103,11 @@ TEST_P(SelectWizardTest, ComposesAndReadsBackStatements) {
         EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement, 400, nullptr, c.flags, 0), 1);
         expectNothingShown(run);
         EXPECT_EQ(run.pending(), 0);
-        std::u16string expected = withSchema(c.expected);
-        if (auto at = expected.find(u"{first}"); at != std::u16string::npos) expected.replace(at, 7, first);
-        EXPECT_EQ(unquoted(statement), expected);
-        if (!c.rows.empty()) { // the order of the rows is the statement's, checked above
-            std::vector<Row> rows = queryRows(connection, statement), want = c.rows;
-            std::sort(rows.begin(), rows.end());
-            std::sort(want.begin(), want.end());
-            EXPECT_EQ(rows, want);
-        }
+        EXPECT_EQ(unquoted(statement), withSchema(c.expected, first));
+        if (c.rows.empty()) continue;
+        std::vector<Row> rows = queryRows(connection, statement), want = c.rows; // in any order
+        std::ranges::sort(rows), std::ranges::sort(want);
+        EXPECT_EQ(rows, want);
     }
 }
 
@@ -136,17 +134,14 @@ TEST_P(SelectWizardTest, HelpAndCancelLeaveTheStatementAndShortBuffersAreCut) {
     EXPECT_EQ(std::u16string(statement), u"SELECT * FR");
 }
 
-// The enabled states as a user meets them, recorded by a callback after each action:
-// remove, up, down, the column source and the sort box.
-struct EnabledStates {
-    std::vector<std::string> seen;
-    static void record(HWND dialog, void *context) {
-        std::string states;
-        for (int32_t id : {kWizard.remove, kWizard.up, kWizard.down, kWizard.sourceColumns, kWizard.sortColumn})
-            states += IsWindowEnabled(GetDlgItem(dialog, id)) ? '1' : '0';
-        static_cast<EnabledStates *>(context)->seen.push_back(states);
-    }
-};
+// The enabled states of remove, up, down, the column source and the sort box, as
+// "1" and "0".
+void recordEnabledStates(HWND dialog, void *context) {
+    std::string states;
+    for (int32_t id : {kWizard.remove, kWizard.up, kWizard.down, kWizard.sourceColumns, kWizard.sortColumn})
+        states += IsWindowEnabled(GetDlgItem(dialog, id)) ? '1' : '0';
+    static_cast<std::vector<std::string> *>(context)->push_back(states);
+}
 
 TEST_P(SelectWizardTest, EnabledStatesFollowTheChecksAndTheChosenColumn) {
     const std::vector<std::pair<std::string, std::string>> steps = {
@@ -159,19 +154,18 @@ TEST_P(SelectWizardTest, EnabledStatesFollowTheChecksAndTheChosenColumn) {
     };
     auto connection = connect();
     ScriptedRun run;
-    EnabledStates states;
-    for (const auto &[action, expected] : steps) {
+    std::vector<std::string> seen, expected;
+    for (const auto &[action, states] : steps) {
         if (!action.empty()) run.queue(action);
-        run.queueCallback(kWizard.id, EnabledStates::record, &states);
+        run.queueCallback(kWizard.id, recordEnabledStates, &seen);
+        expected.push_back(states);
     }
     run.queue(click(kWizard.id, IDOK));
     std::u16string statement = withSchema(u"SELECT orderno, custno, total FROM {t}orders ORDER BY total");
     statement.resize(200);
     EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement.data(), 200, nullptr, 0, 0), 1);
     EXPECT_FALSE(run.failed());
-    std::vector<std::string> expected;
-    for (const auto &step : steps) expected.push_back(step.second);
-    EXPECT_EQ(states.seen, expected);
+    EXPECT_EQ(seen, expected);
 }
 
 // The schema is the data source's last one where the database knows schemas (and
