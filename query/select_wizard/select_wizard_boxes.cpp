@@ -15,9 +15,7 @@ namespace tabra::query::select_wizard {
 
 namespace {
 
-using ids::kSelectWizardDialog;
-
-constexpr const auto &kIds = kSelectWizardDialog;
+constexpr const auto &kIds = ids::kSelectWizardDialog;
 
 constexpr int32_t kBoxListCapacity = 30000; // a catalog list for a box
 
@@ -27,12 +25,12 @@ struct ObjectTypeBox {
     int32_t typeFlag;
 };
 constexpr ObjectTypeBox kObjectTypeBoxes[] = {
-    {kSelectWizardDialog.tables, TABRA_TABLE_TYPE_TABLE},
-    {kSelectWizardDialog.views, TABRA_TABLE_TYPE_VIEW},
-    {kSelectWizardDialog.systemTables, TABRA_TABLE_TYPE_SYSTEM_TABLE},
-    {kSelectWizardDialog.aliases, TABRA_TABLE_TYPE_ALIAS},
-    {kSelectWizardDialog.synonyms, TABRA_TABLE_TYPE_SYNONYM},
-    {kSelectWizardDialog.allTypes, TABRA_TABLE_TYPE_ALL},
+    {kIds.tables, TABRA_TABLE_TYPE_TABLE},
+    {kIds.views, TABRA_TABLE_TYPE_VIEW},
+    {kIds.systemTables, TABRA_TABLE_TYPE_SYSTEM_TABLE},
+    {kIds.aliases, TABRA_TABLE_TYPE_ALIAS},
+    {kIds.synonyms, TABRA_TABLE_TYPE_SYNONYM},
+    {kIds.allTypes, TABRA_TABLE_TYPE_ALL},
 };
 
 bool checked(HWND dialog, int32_t control) { return IsDlgButtonChecked(dialog, control) == BST_CHECKED; }

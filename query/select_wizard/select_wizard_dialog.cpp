@@ -23,10 +23,9 @@ namespace tabra::query::select_wizard {
 
 namespace {
 
-using ids::kSelectWizardDialog;
 using dialogs::kAnyNotification;
 
-constexpr const auto &kIds = kSelectWizardDialog;
+constexpr const auto &kIds = ids::kSelectWizardDialog;
 
 constexpr char16_t kSchemaValue[] = u"LastUsedDbaseSchema";
 constexpr int32_t kDataSourceCapacity = 100;
@@ -108,7 +107,7 @@ void addColumn(HWND, SelectWizardState &state, int32_t) {
 
 void moveColumn(HWND, SelectWizardState &state, int32_t control) {
     if (Ostrel_GetBoxIndex(state.chosenColumns) < 0) return;
-    Ostrel_MoveBoxEntry(state.chosenColumns, -1, control == kSelectWizardDialog.up ? -1 : 1);
+    Ostrel_MoveBoxEntry(state.chosenColumns, -1, control == kIds.up ? -1 : 1);
     changed(state);
 }
 
@@ -131,7 +130,7 @@ void chooseSchema(HWND dialog, SelectWizardState &state, int32_t) {
     OstrelCopyString(schema, state.schema.c_str(), kSchemaCapacity);
     if (Tabra_SelectDbaseSchema(dialog, state.connection, schema) != 1) return;
     state.schema = schema;
-    SetDlgItemTextW(dialog, kSelectWizardDialog.schema, schema);
+    SetDlgItemTextW(dialog, kIds.schema, schema);
     Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0,
                                  dataSourceName(state.connection).c_str(), kSchemaValue, schema);
     objectTypesChanged(dialog, state, 0);
@@ -144,7 +143,7 @@ void selectionChanged(HWND, SelectWizardState &state, int32_t) { updateEnabledSt
 void sortChanged(HWND, SelectWizardState &state, int32_t) { rebuildStatement(state); }
 
 void showHelp(HWND, SelectWizardState &, int32_t) {
-    Ostrel_PerformHelp(module::resourceLibrary(), kSelectWizardDialog.id, 0);
+    Ostrel_PerformHelp(module::resourceLibrary(), kIds.id, 0);
 }
 
 constexpr dialogs::Command<SelectWizardState> kCommands[] = {
@@ -195,7 +194,7 @@ extern "C" int32_t Tabra_SelectStatementWizzard(SQLHDBC connection, char16_t *st
     state->flags = flags;
     state->reserved = reserved;
     state->schema = readSchema(connection);
-    if (tabra::dialogs::runModal(kSelectWizardDialog.id, SelWizz_Dialog_Callback, *state,
+    if (tabra::dialogs::runModal(kIds.id, SelWizz_Dialog_Callback, *state,
                                  parent != nullptr ? parent : GetActiveWindow()) != IDOK)
         return 2;
     tabra::platform::writeBounded(statement, statementChars, state->statement);
