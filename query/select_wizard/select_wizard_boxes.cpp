@@ -108,6 +108,7 @@ void rebuildStatement(SelectWizardState &state) {
     else
         text += u"*";
     const std::u16string tables = readBox(state.tables, OSTREL_READ_TEXTS | OSTREL_READ_SELECTED);
+    state.selectedTables = tables;
     if (!platform::isBlank(tables)) {
         text += u" FROM ";
         text += sqltext::prepareNameList(state.connection, tables, kStatementCapacity, u'\t', u',');

@@ -111,10 +111,23 @@ void moveColumn(HWND, SelectWizardState &state, int32_t control) {
     changed(state);
 }
 
-// Without the flag for several tables only the table the user just clicked stays selected.
+// The table the user just added to the selection: a selected entry that was not
+// selected before, else the one at the caret (a renderer may leave the caret on
+// another entry when a click adds one).
+int32_t tableJustChosen(const SelectWizardState &state) {
+    const std::u16string before = u"\t" + state.selectedTables + u"\t";
+    char16_t name[kStatementCapacity];
+    for (int32_t i = 0, count = Ostrel_GetBoxCount(state.tables); i < count; ++i) {
+        if (SendMessageW(state.tables, LB_GETSEL, static_cast<WPARAM>(i), 0) <= 0) continue;
+        Ostrel_GetBoxEntry(state.tables, i, name, kStatementCapacity);
+        if (before.find(u"\t" + std::u16string(name) + u"\t") == std::u16string::npos) return i;
+    }
+    return static_cast<int32_t>(SendMessageW(state.tables, LB_GETCARETINDEX, 0, 0));
+}
+
+// Without the flag for several tables only the table the user just chose stays selected.
 void tableChosen(HWND, SelectWizardState &state, int32_t) {
-    if ((state.flags & kSeveralTables) == 0)
-        Ostrel_SetBoxIndex(state.tables, static_cast<int32_t>(SendMessageW(state.tables, LB_GETCARETINDEX, 0, 0)));
+    if ((state.flags & kSeveralTables) == 0) Ostrel_SetBoxIndex(state.tables, tableJustChosen(state));
     refillColumns(state);
     changed(state);
 }

@@ -29,6 +29,7 @@ struct SelectWizardState {
     HWND chosenColumns = nullptr;
     HWND sortColumn = nullptr;
     std::u16string schema; // the last schema used for the data source
+    std::u16string selectedTables; // the tables of the statement last built, tab-separated
 };
 
 // The entries of a box joined by tabs: every entry (OSTREL_READ_TEXTS) or the selected
@@ -49,7 +50,8 @@ void selectDefaultEntry(HWND box);
 // Enables the column group while all columns is not checked, the buttons of the chosen
 // columns by their selection and the sort box while no sort order is not checked.
 void updateEnabledStates(const SelectWizardState &state);
-// Builds the statement from the boxes into the state and shows it.
+// Builds the statement from the boxes into the state (and the tables it reads) and
+// shows it.
 void rebuildStatement(SelectWizardState &state);
 
 } // namespace tabra::query::select_wizard
