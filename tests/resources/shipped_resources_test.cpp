@@ -12,6 +12,7 @@
 #include "platform/resources/resource_script_file.h"
 #include "query/designer/selection_rows.h"
 #include "query/resource_ids.h"
+#include "query/select_wizard/resource_ids.h"
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
@@ -147,6 +148,8 @@ const std::vector<Family> &families() {
                        joined(idsOf(query::kOperatorLabel), joined(idsOf(query::kDesignerLabel), idsOf(query::kDesignerString)))),
                 idsOf(query::kViewEditorString)),
          joined(joined(idsOf(query::kMessage), idsOf(query::kDesignerMessage)), idsOf(query::kViewEditorMessage)), {}},
+        {"query/select_wizard/resource_ids.h",
+         {joined(idsOf(tabra::query::select_wizard::ids::kSelectWizardDialog), {IDOK, IDCANCEL, IDHELP})}, {}, {}, {}},
         {"wizards/resource_ids.h", {}, {}, idsOf(tabra::wizards::ids::kMessage), {}},
         {"wizards/import/resource_ids.h",
          {idsOf(importing::kSourceKindPage), idsOf(importing::kTextFilePage), idsOf(importing::kSelectionFilePage),

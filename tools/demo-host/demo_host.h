@@ -25,6 +25,9 @@ std::string toUtf8(const char16_t *text);
 // standing for the characters 9, 10 and 11 (and a backslash).
 std::u16string unescapeArgument(const std::string &text);
 
+// Prints the first rows of the statement, fields joined by " | ", indented.
+void printFirstRows(SQLHDBC connection, const std::u16string &statement);
+
 using CommandFunction = int (*)(SQLHDBC connection, const std::vector<std::string> &arguments);
 
 struct DemoCommand {
