@@ -13,6 +13,7 @@
 #include "platform/resources/resource_script_file.h"
 #include "query/designer/selection_rows.h"
 #include "query/resource_ids.h"
+#include "query/select_wizard/resource_ids.h"
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
@@ -151,6 +152,8 @@ const std::vector<Family> &families() {
                        joined(idsOf(query::kOperatorLabel), joined(idsOf(query::kDesignerLabel), idsOf(query::kDesignerString)))),
                 idsOf(query::kViewEditorString)),
          joined(joined(idsOf(query::kMessage), idsOf(query::kDesignerMessage)), idsOf(query::kViewEditorMessage)), {}},
+        {"query/select_wizard/resource_ids.h",
+         {joined(idsOf(tabra::query::select_wizard::ids::kSelectWizardDialog), {IDOK, IDCANCEL, IDHELP})}, {}, {}, {}},
         {"wizards/resource_ids.h", {}, idsOf(tabra::wizards::ids::kString), idsOf(tabra::wizards::ids::kMessage), {}},
         {"wizards/add_records/resource_ids.h",
          {idsOf(addRecords::kDestinationTablePage), idsOf(addRecords::kDataSourcePage),
