@@ -90,6 +90,12 @@ std::u16string keywords(SQLHDBC connection) {
 }
 
 bool fetchesTextAsUtf8(SQLHDBC connection) {
+    if (equalsIgnoringCase(dbmsName(connection), u"POSTGRESQL")) {
+        char16_t driver[kDbmsNameBytes] = {};
+        readTextInfo(connection, SQL_DRIVER_NAME, driver, kDbmsNameBytes);
+        const std::u16string_view name(driver);
+        return name.size() >= 9 && equalsIgnoringCase(name.substr(0, 9), u"PSQLODBCW");
+    }
     if (!equalsIgnoringCase(dbmsName(connection), u"MARIADB")) return false;
     char16_t collation[kDbmsNameBytes] = {};
     readTextInfo(connection, SQL_COLLATION_SEQ, collation, kDbmsNameBytes);

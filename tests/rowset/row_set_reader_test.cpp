@@ -40,8 +40,9 @@ class RowSetReaderTest : public BackendTest {};
 TEST_P(RowSetReaderTest, Utf8GivesTheUnitsOfTheWideFetch) {
     OdbcConnection connection(dataSource());
     bool utf8 = connection::fetchesTextAsUtf8(connection.handle());
-    EXPECT_EQ(utf8, backend() == Backend::MariaDB);
+    EXPECT_EQ(utf8, backend() == Backend::MariaDB || backend() == Backend::PostgreSQL);
     if (!utf8) return;
+    const bool maria = backend() == Backend::MariaDB;
     auto repeated = [](std::u16string_view unit, int times) {
         std::u16string text;
         for (int i = 0; i < times; ++i) text += unit;
@@ -53,18 +54,22 @@ TEST_P(RowSetReaderTest, Utf8GivesTheUnitsOfTheWideFetch) {
         repeated(u"\u20ac", 6000),                    // three bytes each, longer than the UTF-8 slot
         repeated(u"\U0001F600", 3000),                // four bytes, two units each
         u"A\u00fc\u00d8\u07ff\u0800\ud7fb\ue000\ufffd\U00010000\U0010FFFD", u""};
-    executeAll(connection, {u"CREATE TABLE texts (id INTEGER PRIMARY KEY, val LONGTEXT, num DOUBLE, money "
-                            u"DECIMAL(12,3), day DATE, stamp DATETIME, flag BIT(1), raw VARBINARY(8))"});
+    executeAll(connection, {maria ? u"CREATE TABLE texts (id INTEGER PRIMARY KEY, val LONGTEXT, num DOUBLE, money "
+                                    u"DECIMAL(12,3), day DATE, stamp DATETIME, flag BIT(1), raw VARBINARY(8))"
+                                  : u"CREATE TABLE texts (id INTEGER PRIMARY KEY, val TEXT, num DOUBLE PRECISION, money "
+                                    u"NUMERIC(12,3), day DATE, stamp TIMESTAMP, flag BOOLEAN, raw BYTEA)"});
     for (std::size_t i = 0; i < texts.size(); ++i)
         executeAll(connection, {u"INSERT INTO texts VALUES (" + toUtf16(std::to_string(i)) + u", '" + texts[i] +
                                 u"', -3.25e" + toUtf16(std::to_string(i * 37)) + u", 12345.678, '2024-02-29', "
-                                u"'2024-03-05 14:07:09', 1, 'ab\\0c')"});
+                                u"'2024-03-05 14:07:09', " + (maria ? u"1, 'ab\\0c')" : u"TRUE, 'ab\\000c')")});
     executeAll(connection, {u"INSERT INTO texts VALUES (99, NULL, NULL, NULL, NULL, NULL, NULL, NULL)"});
     const std::u16string sql = u"SELECT * FROM texts ORDER BY id";
     Values wide = readAll(connection, sql, TextTransfer::Wide, false);
     ASSERT_EQ(wide.size(), 8 * (texts.size() + 1));
-    EXPECT_EQ(wide[1]->size(), 4999u);
-    EXPECT_EQ(wide[1]->back(), u'\xD83D') << "the driver's wide fetch keeps the first half of a cut pair";
+    if (maria) {
+        EXPECT_EQ(wide[1]->size(), 4999u);
+        EXPECT_EQ(wide[1]->back(), u'\xD83D') << "the driver's wide fetch keeps the first half of a cut pair";
+    }
     EXPECT_EQ(readAll(connection, sql, TextTransfer::Utf8, true), wide);
     EXPECT_EQ(readAll(connection, sql, TextTransfer::Utf8, false), wide);
 }
