@@ -233,6 +233,17 @@ TEST_F(ObjectChooserEdgeTest, OkWithAnEmptyListDoesNothing) {
     EXPECT_EQ(request.Action, TABRA_CHOOSER_ACTION_CANCELLED);
 }
 
+TEST_F(ObjectChooserEdgeTest, AFailedConnectionLeavesTheDialogUsableWithEmptyLists) {
+    run.queue(click(core::ids::kErrorDialog.id, IDOK));
+    look();
+    run.queue(click(kChooserDialog.id, IDCANCEL));
+    auto request = chooserRequest(source(u"TabraNoSuchSource"), TABRA_CHOOSER_PAGE_TABLES | TABRA_CHOOSER_PAGE_VIEWS);
+    EXPECT_EQ(choose(request), 2);
+    ASSERT_EQ(seen.size(), 1u);
+    EXPECT_EQ(seen[0].pages, 2);
+    EXPECT_TRUE(seen[0].entries.empty());
+}
+
 TEST_F(ObjectChooserEdgeTest, ADataSourceWithoutSchemasClearsAndStoresTheSchema) {
     Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, u"LastUsedDbaseSchema", dsn::SQLite,
                                  u"old");
