@@ -289,6 +289,12 @@ TEST_F(AddRecordsWizardTestDriver, TheSourceConnectionIsClosedOnEveryPath) {
          {select(kTables.id, kTables.tables, u"ar_source"), next(kTables.id), next(kMapping.id), next(kIds.id),
           click(ids::kSummaryPage.id, WIZZARD_ID_FINISH)},
          1, 2},
+        // The warning lets the user finish: without both id fields every row is added.
+        {"MatchingWithoutIdFields",
+         {select(kTables.id, kTables.tables, u"ar_source"), next(kTables.id), next(kMapping.id),
+          onDialog(kIds.id, "check", kIds.matchIds), next(kIds.id), answer(ids::kMessage.emptyIdField, "ok"),
+          click(ids::kSummaryPage.id, WIZZARD_ID_FINISH)},
+         1, 2},
     };
     for (const auto &path : paths) {
         SCOPED_TRACE(path.name);
