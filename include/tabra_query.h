@@ -183,6 +183,23 @@ TABRA_API int32_t Tabra_OrderByBox_ToggleDirection(HWND box, int32_t index);
 TABRA_API int32_t Tabra_FieldsBox_EditAlias(HWND box, int32_t index);
 TABRA_API INT_PTR EditAlias_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
 
+/* ---- The select statement wizard ---- */
+
+/* Flag of Tabra_SelectStatementWizzard: the user may select several tables. */
+#define TABRA_SELWIZZ_SEVERAL_TABLES 1
+
+/* Lets the user compose a SELECT in dialog 10042: tables of the data source (by object
+ * type and schema), the columns in their order or all columns, a sort column. The
+ * statement in the buffer (capacity statementChars) is read back into the dialog
+ * first (tables, the first sort column, the columns). Returns 1 after OK with the
+ * statement the dialog shows in the buffer (cut to statementChars - 1 characters), 2
+ * after Cancel or when no working area could be had (message 1600), the buffer
+ * untouched. reserved is kept and not used. The schema is the data source's last one
+ * (registry value "LastUsedDbaseSchema" under the data source's name). */
+TABRA_API int32_t Tabra_SelectStatementWizzard(SQLHDBC connection, char16_t *statement, int32_t statementChars,
+                                               HWND parent, int32_t flags, int32_t reserved);
+TABRA_API INT_PTR SelWizz_Dialog_Callback(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+
 TABRA_END_DECLS
 
 #endif

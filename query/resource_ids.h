@@ -153,4 +153,30 @@ inline constexpr struct DesignerLabels {
     int32_t greaterOrEqual = 3615; // key "LE"
 } kDesignerLabel{};
 
+// ---- The view editor ----
+// Its dialog: the view's name and its SELECT statement, designed, tested, loaded from
+// and saved to statement files. Its texts are in resources/<language>/tabraRes-viewedit.rc.
+inline constexpr struct ViewEditorDialog {
+    int32_t id = 10063;
+    int32_t name = 1033;      // letters, digits 1 to 9 and "_"
+    int32_t statement = 1014; // the view's SELECT, multi-line
+    int32_t design = 1003;    // the query designer on the statement's lists
+    int32_t test = 3;
+    int32_t load = 4;
+    int32_t save = 5;
+} kViewEditorDialog{};
+
+inline constexpr struct ViewEditorStrings {
+    int32_t statementFilter = 1806; // file dialog filter of statement files
+    int32_t loadTitle = 2915;       // its own id: 2907 is the add records wizard's title
+    int32_t saveTitle = 2916;
+} kViewEditorString{};
+
+// A blank statement is message 1609 and out of memory 1600 (core/resource_ids.h).
+inline constexpr struct ViewEditorMessages {
+    int32_t badName = 1603;    // the name holds a character outside the alias alphabet
+    int32_t noName = 1611;
+    int32_t testPassed = 1707; // the view's statement was created as a test view
+} kViewEditorMessage{};
+
 } // namespace tabra::query::ids

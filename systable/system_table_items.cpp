@@ -2,6 +2,7 @@
 // tolerates every failure, so the store never shows a message: a failure shows in the
 // result, or as a read that falls back to its default.
 #include "systable/system_table.h"
+#include "systable/system_table_items.h"
 #include "systable/system_table_literal.h"
 #include "ostrel.h"
 #include "rowset/row_set.h"
@@ -23,9 +24,9 @@ int32_t perform(SQLHDBC connection, const std::optional<std::u16string> &stateme
 
 } // namespace
 
-extern "C" int32_t Tabra_ReadSysTableString(SQLHDBC connection, const char16_t *object, const char16_t *type,
-                                            const char16_t *itemName, const char16_t *defaultValue,
-                                            char16_t *output, int32_t capacity) {
+int32_t tabra::systable::readItemInto(SQLHDBC connection, const char16_t *object, const char16_t *type,
+                                      const char16_t *itemName, const char16_t *defaultValue, char16_t *output,
+                                      int32_t capacity) {
     OstrelCopyString(output, defaultValue, capacity);
     if (Ostrel_IsBlankString(object) || Ostrel_IsBlankString(type)) return 1;
     if (output == nullptr || capacity < 1) return 0;
@@ -42,8 +43,28 @@ extern "C" int32_t Tabra_ReadSysTableString(SQLHDBC connection, const char16_t *
     return 1;
 }
 
-extern "C" int32_t Tabra_WriteSysTableString(SQLHDBC connection, const char16_t *object, const char16_t *type,
-                                             const char16_t *itemName, const char16_t *value) {
+std::u16string tabra::systable::readItem(SQLHDBC connection, const std::u16string &object, const std::u16string &type,
+                                        const std::u16string &itemName, const std::u16string &defaultValue,
+                                        int32_t capacity) {
+    if (capacity < 1) return {};
+    std::u16string value(static_cast<size_t>(capacity), u'\0');
+    if (readItemInto(connection, object.c_str(), type.c_str(), itemName.c_str(), defaultValue.c_str(), value.data(),
+                     capacity) != 1)
+        return defaultValue.substr(0, static_cast<size_t>(capacity) - 1);
+    value.resize(std::char_traits<char16_t>::length(value.c_str()));
+    return value;
+}
+
+extern "C" int32_t Tabra_ReadSysTableString(SQLHDBC connection, const char16_t *object, const char16_t *type,
+                                            const char16_t *itemName, const char16_t *defaultValue,
+                                            char16_t *output, int32_t capacity) {
+    return tabra::systable::readItemInto(connection, object, type, itemName, defaultValue, output, capacity);
+}
+
+namespace {
+
+int32_t writeItemText(SQLHDBC connection, const char16_t *object, const char16_t *type, const char16_t *itemName,
+                      const char16_t *value) {
     if (Ostrel_IsBlankString(object) || Ostrel_IsBlankString(type) || Ostrel_IsBlankString(itemName)) return 1;
     if (const int32_t ensured = ensureSystemTable(connection); ensured != 1) return ensured;
 
@@ -60,11 +81,32 @@ extern "C" int32_t Tabra_WriteSysTableString(SQLHDBC connection, const char16_t 
                    formatSystemTableStatement(kWriteItemStatement, {systemTableName, object, type, itemName, literal}));
 }
 
-extern "C" int32_t Tabra_DeleteSysTableItem(SQLHDBC connection, const char16_t *object, const char16_t *type,
-                                            const char16_t *itemName) {
+int32_t deleteItemText(SQLHDBC connection, const char16_t *object, const char16_t *type, const char16_t *itemName) {
     if (Ostrel_IsBlankString(object) || Ostrel_IsBlankString(type)) return 1;
     if (!systemTableExists(connection)) return 0;
     if (Ostrel_IsBlankString(itemName))
         return perform(connection, formatSystemTableStatement(kDeleteItemsStatement, {systemTableName, object, type}));
     return perform(connection, formatSystemTableStatement(kDeleteItemStatement, {systemTableName, object, type, itemName}));
+}
+
+} // namespace
+
+extern "C" int32_t Tabra_WriteSysTableString(SQLHDBC connection, const char16_t *object, const char16_t *type,
+                                             const char16_t *itemName, const char16_t *value) {
+    return writeItemText(connection, object, type, itemName, value);
+}
+
+extern "C" int32_t Tabra_DeleteSysTableItem(SQLHDBC connection, const char16_t *object, const char16_t *type,
+                                            const char16_t *itemName) {
+    return deleteItemText(connection, object, type, itemName);
+}
+
+int32_t tabra::systable::writeItem(SQLHDBC connection, const std::u16string &object, const std::u16string &type,
+                                   const std::u16string &itemName, const std::u16string &value) {
+    return writeItemText(connection, object.c_str(), type.c_str(), itemName.c_str(), value.c_str());
+}
+
+int32_t tabra::systable::deleteItems(SQLHDBC connection, const std::u16string &object, const std::u16string &type,
+                                     const std::u16string &itemName) {
+    return deleteItemText(connection, object.c_str(), type.c_str(), itemName.c_str());
 }

@@ -12,6 +12,7 @@
 #include "platform/resources/resource_script_file.h"
 #include "query/designer/selection_rows.h"
 #include "query/resource_ids.h"
+#include "query/select_wizard/resource_ids.h"
 #include "resource_test_support.h"
 #include "tabra_query.h"
 #include "tabra_window_constants.h"
@@ -144,10 +145,13 @@ const std::vector<Family> &families() {
           designerPageControls(idsOf(query::kDesignerColumnsPage), false),
           designerPageControls(idsOf(query::kDesignerSelectionPage), true),
           designerPageControls(idsOf(query::kDesignerSortPage), false), idsOf(query::kDesignerJoinDialog),
-          idsOf(query::kDesignerColumnDialog)},
-         joined(idsOf(query::kString),
-                joined(idsOf(query::kOperatorLabel), joined(idsOf(query::kDesignerLabel), idsOf(query::kDesignerString)))),
-         joined(idsOf(query::kMessage), idsOf(query::kDesignerMessage)), {}},
+          idsOf(query::kDesignerColumnDialog), joined(idsOf(query::kViewEditorDialog), {IDOK, IDCANCEL})},
+         joined(joined(idsOf(query::kString),
+                       joined(idsOf(query::kOperatorLabel), joined(idsOf(query::kDesignerLabel), idsOf(query::kDesignerString)))),
+                idsOf(query::kViewEditorString)),
+         joined(joined(idsOf(query::kMessage), idsOf(query::kDesignerMessage)), idsOf(query::kViewEditorMessage)), {}},
+        {"query/select_wizard/resource_ids.h",
+         {joined(idsOf(tabra::query::select_wizard::ids::kSelectWizardDialog), {IDOK, IDCANCEL, IDHELP})}, {}, {}, {}},
         {"wizards/resource_ids.h", {}, idsOf(tabra::wizards::ids::kString), idsOf(tabra::wizards::ids::kMessage), {}},
         {"wizards/add_records/resource_ids.h",
          {idsOf(addRecords::kDestinationTablePage), idsOf(addRecords::kDataSourcePage),

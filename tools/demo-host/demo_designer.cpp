@@ -11,8 +11,6 @@ namespace demo {
 namespace {
 
 constexpr int32_t kTextCapacity = 10000;
-constexpr int32_t kRowsCapacity = 4000;
-constexpr int kShownRows = 10;
 
 std::string descriptorOf(SelFact design, int32_t kind) {
     std::vector<char16_t> text(kTextCapacity);
@@ -21,25 +19,6 @@ std::string descriptorOf(SelFact design, int32_t kind) {
     for (char c : toUtf8(text.data())) shown += c == '\t' ? std::string("\\t") : c == '\v' ? std::string("\\v")
                                                : c == '\n' ? std::string("\\n") : std::string(1, c);
     return shown;
-}
-
-// The first rows of the statement, fields joined by " | ".
-void printRows(SQLHDBC connection, const std::u16string &statement) {
-    std::vector<char16_t> rows(kRowsCapacity);
-    if (OdbcEh_SelectRowSetToBuffer(0, connection, statement.c_str(), u" | ", u"\n", rows.data(), kRowsCapacity, nullptr,
-                                    0) != 1) {
-        std::printf("The statement did not run.\n");
-        return;
-    }
-    std::string text = toUtf8(rows.data());
-    size_t at = 0;
-    for (int row = 0; row < kShownRows && at < text.size(); ++row) {
-        size_t end = text.find('\n', at);
-        std::printf("  %s\n", text.substr(at, end - at).c_str());
-        if (end == std::string::npos) return;
-        at = end + 1;
-    }
-    if (at < text.size()) std::printf("  ...\n");
 }
 
 // Without a display and without a script of its own, the designer is answered with
@@ -76,7 +55,7 @@ int runDesigner(SQLHDBC connection, const std::vector<std::string> &arguments) {
     std::vector<char16_t> statement(kTextCapacity);
     Tabra_SelFact_CreateSql(design, statement.data(), kTextCapacity, 0);
     std::printf("Statement: %s\n", toUtf8(statement.data()).c_str());
-    printRows(connection, statement.data());
+    printFirstRows(connection, statement.data());
     Tabra_SelFact_Destroy(design);
     return 0;
 }

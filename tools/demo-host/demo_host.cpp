@@ -73,4 +73,24 @@ const DemoCommand *findCommand(const std::string &name) {
     return nullptr;
 }
 
+void printFirstRows(SQLHDBC connection, const std::u16string &statement) {
+    constexpr int32_t kRowsCapacity = 4000;
+    constexpr int kShownRows = 10;
+    std::vector<char16_t> rows(kRowsCapacity);
+    if (OdbcEh_SelectRowSetToBuffer(0, connection, statement.c_str(), u" | ", u"\n", rows.data(), kRowsCapacity, nullptr,
+                                    0) != 1) {
+        std::printf("The statement did not run.\n");
+        return;
+    }
+    std::string text = toUtf8(rows.data());
+    size_t at = 0;
+    for (int row = 0; row < kShownRows && at < text.size(); ++row) {
+        size_t end = text.find('\n', at);
+        std::printf("  %s\n", text.substr(at, end - at).c_str());
+        if (end == std::string::npos) return;
+        at = end + 1;
+    }
+    if (at < text.size()) std::printf("  ...\n");
+}
+
 } // namespace demo

@@ -29,6 +29,9 @@ std::u16string unescapeArgument(const std::string &text);
 // data and lets it run; the SELECTs (counts, reading a source) pass quietly.
 int32_t printChangingStatement(const char16_t *statement, void *context);
 
+// Prints the first rows of the statement, fields joined by " | ", indented.
+void printFirstRows(SQLHDBC connection, const std::u16string &statement);
+
 using CommandFunction = int (*)(SQLHDBC connection, const std::vector<std::string> &arguments);
 
 struct DemoCommand {
