@@ -27,7 +27,8 @@ CopyOutcome runCopy(AddRecordsWizardState &state) {
     SQLHDBC source = state.source.handle();
     const std::u16string destination = state.destinationTable();
     const int32_t rows = catalog::recordCount(source, state.sourceTable.c_str(), nullptr);
-    const bool byIds = state.matchesIds();
+    // Matching by ids needs both id fields (the id page only warns when one is missing).
+    const bool byIds = state.matchesIds() && !state.sourceIdField.empty() && !state.destinationIdField.empty();
     const SourceSelect select = sourceSelect(source, state.sourceTable, state.fields, byIds ? state.sourceIdField : u"");
     odbc::StatementRunner statement(source, select.text.c_str());
     if (select.columns < 1 || statement.run() != odbc::RunResult::Done) return outcome;

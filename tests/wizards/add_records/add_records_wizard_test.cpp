@@ -10,6 +10,7 @@
 #include "support/scoped_environment.h"
 #include "support/script_lines.h"
 #include "support/scripted_run.h"
+#include "support/test_driver_control.h"
 #include "tabra_wizards.h"
 #include "wizards/add_records/resource_ids.h"
 #include "wizards/resource_ids.h"
@@ -261,6 +262,53 @@ TEST_P(AddRecordsWizardTest, RefusalsKeepTheUserOnThePage) {
         EXPECT_FALSE(run.failed()) << run.report();
         EXPECT_EQ(run.pending(), 0) << run.report();
         EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, refusal.message).size(), 1u);
+    }
+}
+
+// The wizard's own source connection (here through the test driver) is closed on every
+// way out: cancelled after connecting, gone back to the data source page (entering it
+// closes the connection) and cancelled there, and after the copy.
+class AddRecordsWizardTestDriver : public TestDriverTest {};
+
+TEST_F(AddRecordsWizardTestDriver, TheSourceConnectionIsClosedOnEveryPath) {
+    auto destination = connect(dsn::SQLite);
+    executeAll(destination, {u"CREATE TABLE ar_dest (id INTEGER, name VARCHAR(20))",
+                             u"CREATE TABLE ar_source (id INTEGER, name VARCHAR(20))",
+                             u"INSERT INTO ar_source VALUES (1, 'a'), (2, 'b')"});
+    const Lines connected{select(kDestination.id, kDestination.tables, u"ar_dest"), next(kDestination.id),
+                          select(kSources.id, kSources.dataSources, dsn::TestDriver), next(kSources.id)};
+    const struct {
+        const char *name;
+        Lines lines;
+        int32_t result;
+        std::size_t rows;
+    } paths[] = {
+        {"CancelledOnTheTablePage", {click(kTables.id, IDCANCEL)}, 2, 0},
+        {"BackToTheDataSources", {click(kTables.id, WIZZARD_ID_BACK), click(kSources.id, IDCANCEL)}, 2, 0},
+        {"Finished",
+         {select(kTables.id, kTables.tables, u"ar_source"), next(kTables.id), next(kMapping.id), next(kIds.id),
+          click(ids::kSummaryPage.id, WIZZARD_ID_FINISH)},
+         1, 2},
+        // The warning lets the user finish: without both id fields every row is added.
+        {"MatchingWithoutIdFields",
+         {select(kTables.id, kTables.tables, u"ar_source"), next(kTables.id), next(kMapping.id),
+          onDialog(kIds.id, "check", kIds.matchIds), next(kIds.id), answer(ids::kMessage.emptyIdField, "ok"),
+          click(ids::kSummaryPage.id, WIZZARD_ID_FINISH)},
+         1, 2},
+    };
+    for (const auto &path : paths) {
+        SCOPED_TRACE(path.name);
+        executeSql(destination, u"DELETE FROM ar_dest");
+        resetTestDriverCounts();
+        ScriptedRun run;
+        for (const std::string &line : connected + path.lines) run.queue(line);
+        DbObjectInfo object{};
+        EXPECT_EQ(Tabra_AddRecordsWizzard(destination.handle(), &object), path.result) << run.report();
+        EXPECT_EQ(run.pending(), 0) << run.report();
+        EXPECT_GE(testDriverConnectionCounts().opened, 1);
+        EXPECT_EQ(testDriverConnectionCounts().open(), 0);
+        EXPECT_EQ(testDriverStatementCounts().open(), 0);
+        EXPECT_EQ(queryRows(destination, u"SELECT id FROM ar_dest").size(), path.rows);
     }
 }
 
