@@ -207,7 +207,7 @@ void removeEarlierTour(SQLHDBC connection, const std::vector<Step> &steps) {
         SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR *>(drop.data()), SQL_NTS);
         SQLFreeHandle(SQL_HANDLE_STMT, statement);
     }
-    for (const char16_t *table : {u"TourCustomers", u"TourNotes", u"Customers_Copy"})
+    for (const char16_t *table : {u"TourCustomers", u"TourNotes", u"TourCopy"})
         Tabra_DeleteTable(connection, table, TABRA_DELETE_NO_CONFIRM | TABRA_DELETE_MISSING_OK);
 }
 
