@@ -37,6 +37,8 @@ if [[ $# -eq 0 ]]; then
     if [[ -n "${DISPLAY:-}" ]]; then
         set -- chooser
     else
+        # The tour's script names list entries by their English labels.
+        export ZUL_LANGUAGE=en
         set -- tour "$ROOT/tools/demo/tour.script"
     fi
 fi
