@@ -233,6 +233,27 @@ TEST_F(ObjectChooserEdgeTest, OkWithAnEmptyListDoesNothing) {
     EXPECT_EQ(request.Action, TABRA_CHOOSER_ACTION_CANCELLED);
 }
 
+// With no button enabled by the mask, the buttons that follow the selection are
+// enabled anyway while a table is selected; the others stay as the mask left them.
+void readTablesButtons(HWND dialog, void *enabled) {
+    HWND page = Ostrel_GetTabControlPage(GetDlgItem(dialog, kChooserDialog.pages), 0);
+    for (int32_t button : {kTablesPage.open, kTablesPage.administer, kTablesPage.remove, kTablesPage.copy,
+                           kTablesPage.exportRows, kTablesPage.create, kTablesPage.import, kTablesPage.addRecords,
+                           kTablesPage.deleteRecords, kTablesPage.updateRecords})
+        static_cast<std::vector<bool> *>(enabled)->push_back(IsWindowEnabled(GetDlgItem(page, button)) != 0);
+}
+
+TEST_F(ObjectChooserEdgeTest, TheSelectionEnablesItsButtonsWhateverTheMask) {
+    executeAll(connect(dsn::TestDriver), {u"CREATE TABLE orders (id INTEGER)"});
+    std::vector<bool> enabled;
+    run.queueCallback(kChooserDialog.id, readTablesButtons, &enabled);
+    run.queue(click(kChooserDialog.id, IDCANCEL));
+    auto request = chooserRequest(source(dsn::TestDriver), TABRA_CHOOSER_PAGE_TABLES);
+    request.TablesButtons = 0;
+    choose(request);
+    EXPECT_EQ(enabled, (std::vector<bool>{true, true, true, true, true, false, false, false, false, false}));
+}
+
 TEST_F(ObjectChooserEdgeTest, AFailedConnectionLeavesTheDialogUsableWithEmptyLists) {
     run.queue(click(core::ids::kErrorDialog.id, IDOK));
     look();
