@@ -136,9 +136,9 @@ TEST_P(AddRecordsWizardTest, CopiesAndMatchesRowsBetweenDatabases) {
         Lines after;       // lines after Finish
     };
     const Case cases[] = {
-        {"Plain", {}, u"", added, {u"'O''Neil'", u"'Müller \"Ä\"'"}},
-        {"IntegerId", {}, u"id", matched, {u" WHERE id=1", u" WHERE id=2", u"INSERT"}},
-        {"CharacterId", {}, u"code", matched, {u" WHERE code='7'", u" WHERE code='8'", u"INSERT"}},
+        {"Plain", {}, u"", added, {u"'O''Neil'", u"'Müller \"Ä\"'"}, {}},
+        {"IntegerId", {}, u"id", matched, {u" WHERE id=1", u" WHERE id=2", u"INSERT"}, {}},
+        {"CharacterId", {}, u"code", matched, {u" WHERE code='7'", u" WHERE code='8'", u"INSERT"}, {}},
         {"ConstantQuoteNotDoubled",
          {onDialog(kMapping.id, "doubleclick", kMapping.fields, "#5"), onDialog(ids::kFieldDialog.id, "check", ids::kFieldDialog.constant),
           onDialog(ids::kFieldDialog.id, "set", ids::kFieldDialog.constantText, quoted(u"O'Neil")),
