@@ -300,5 +300,68 @@ TEST_F(ObjectChooserEdgeTest, AFailingViewDropStillRefreshesWithItsNotice) {
     EXPECT_EQ(seen[0].entries, std::vector<std::u16string>{u"plain_v"}) << "the view is still there and listed";
 }
 
+// Forms and reports: the library lists none, so the host's own entry is added to the
+// list; its buttons end the dialog with their action, a double click does nothing.
+struct HostPageCase {
+    int32_t pageMask, page, list;
+    const char *action; // "click" or "doubleclick"
+    int32_t control;    // the button clicked, or the list double-clicked
+    int32_t result, requestAction;
+};
+constexpr HostPageCase kHostPageCases[] = {
+    {TABRA_CHOOSER_PAGE_FORMS, 10003, 1010, "click", 1041, 1, TABRA_CHOOSER_ACTION_OPEN},
+    {TABRA_CHOOSER_PAGE_FORMS, 10003, 1010, "click", 1039, 1, TABRA_CHOOSER_ACTION_SECOND_CHOICE},
+    {TABRA_CHOOSER_PAGE_REPORTS, 10017, 1046, "click", 1035, 1, TABRA_CHOOSER_ACTION_SECOND_CHOICE},
+    {TABRA_CHOOSER_PAGE_FORMS, 10003, 1010, "doubleclick", 1010, 2, TABRA_CHOOSER_ACTION_CANCELLED},
+    {TABRA_CHOOSER_PAGE_REPORTS, 10017, 1046, "doubleclick", 1046, 2, TABRA_CHOOSER_ACTION_CANCELLED},
+};
+
+struct HostList {
+    int32_t list;
+    int32_t entriesBefore = -1;
+};
+
+void addHostEntry(HWND dialog, void *context) {
+    auto *host = static_cast<HostList *>(context);
+    HWND box = GetDlgItem(Ostrel_GetTabControlPage(GetDlgItem(dialog, kChooserDialog.pages), 0), host->list);
+    host->entriesBefore = Ostrel_GetBoxCount(box);
+    Ostrel_AddBoxEntry(box, u"Monthly", 0, -1, 0);
+}
+
+TEST_F(ObjectChooserEdgeTest, FormsAndReportsButtonsEndWithTheirActionAndDoubleClicksDoNothing) {
+    for (const HostPageCase &c : kHostPageCases) {
+        SCOPED_TRACE(std::string(c.action) + " " + std::to_string(c.control) + " on " + std::to_string(c.page));
+        HostList host{c.list};
+        run.queueCallback(kChooserDialog.id, addHostEntry, &host);
+        run.queue(onDialog(c.page, "select", c.list, "\"Monthly\""));
+        run.queue(onDialog(c.page, c.action, c.control, c.control == c.list ? "\"Monthly\"" : ""));
+        if (c.result == 2) run.queue(click(kChooserDialog.id, IDCANCEL));
+        auto request = chooserRequest(source(dsn::TestDriver), c.pageMask);
+        request.Action = -1;
+        EXPECT_EQ(choose(request), c.result);
+        EXPECT_EQ(host.entriesBefore, 0);
+        EXPECT_EQ(request.Action, c.requestAction);
+        if (c.result == 1) {
+            EXPECT_EQ(request.DbObject.DbObjectType, c.pageMask);
+            EXPECT_EQ(std::u16string(request.DbObject.DbObjectName), u"Monthly");
+        }
+    }
+}
+
+// With the list empty the buttons are disabled, and a forced one finds no selection.
+void forceSecondChoice(HWND dialog, void *) {
+    HWND page = Ostrel_GetTabControlPage(GetDlgItem(dialog, kChooserDialog.pages), 0);
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(page, 1039)));
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(1039, BN_CLICKED), 0);
+}
+
+TEST_F(ObjectChooserEdgeTest, AFormsButtonWithoutAnEntryLeavesTheDialogOpen) {
+    run.queueCallback(kChooserDialog.id, forceSecondChoice, nullptr);
+    run.queue(click(kChooserDialog.id, IDCANCEL));
+    auto request = chooserRequest(source(dsn::TestDriver), TABRA_CHOOSER_PAGE_FORMS);
+    EXPECT_EQ(choose(request), 2);
+    EXPECT_EQ(request.Action, TABRA_CHOOSER_ACTION_CANCELLED);
+}
+
 } // namespace
 } // namespace tabra::test
