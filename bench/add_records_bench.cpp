@@ -10,6 +10,7 @@
 //   TABRA_BENCH_IMPORT_DIR   where the SQLite database goes
 //   TABRA_BENCH_PG_DSN, TABRA_BENCH_PG_USER, TABRA_BENCH_PG_PASSWORD, and the same with
 //   MARIADB: the server data sources.
+#include "bench/bench_connection.h"
 #include "tabra_connection.h"
 #include "wizards/add_records/add_records_copy.h"
 
@@ -26,59 +27,18 @@
 
 namespace {
 
+using tabra::bench::BenchConnection;
+using tabra::bench::env;
+using tabra::bench::wide;
+
 namespace add_records = tabra::wizards::add_records;
 
 constexpr int64_t kRows = 100000;
 
-std::u16string wide(const std::string &text) { return std::u16string(text.begin(), text.end()); }
-std::string env(const char *name) {
-    const char *value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 std::string sqliteFile() {
     return (env("TABRA_BENCH_IMPORT_DIR").empty() ? "/tmp" : env("TABRA_BENCH_IMPORT_DIR")) + "/add-records-bench.db";
 }
 
-class Connection {
-public:
-    explicit Connection(std::u16string text) {
-        std::setlocale(LC_ALL, "C.UTF-8");
-        SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
-        // ODBC 2 behaviour, as the library's own connections have it: the catalog then
-        // reports date columns with the codes the wizard reads as dates.
-        SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC2), 0);
-        SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-        if (!SQL_SUCCEEDED(SQLDriverConnectW(connection_, nullptr, reinterpret_cast<SQLWCHAR *>(text.data()), SQL_NTS,
-                                             nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT)))
-            throw std::runtime_error("cannot connect to the bench database");
-    }
-    ~Connection() {
-        SQLDisconnect(connection_);
-        SQLFreeHandle(SQL_HANDLE_DBC, connection_);
-        SQLFreeHandle(SQL_HANDLE_ENV, environment_);
-    }
-    SQLHDBC handle() const { return connection_; }
-    void run(std::u16string sql) const {
-        SQLHSTMT statement;
-        SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
-        SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR *>(sql.data()), SQL_NTS);
-        SQLFreeHandle(SQL_HANDLE_STMT, statement);
-    }
-    int64_t count(std::u16string sql) const {
-        SQLHSTMT statement;
-        SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
-        SQLINTEGER rows = -1;
-        if (SQL_SUCCEEDED(SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR *>(sql.data()), SQL_NTS)) &&
-            SQL_SUCCEEDED(SQLFetch(statement)))
-            SQLGetData(statement, 1, SQL_C_SLONG, &rows, 0, nullptr);
-        SQLFreeHandle(SQL_HANDLE_STMT, statement);
-        return rows;
-    }
-
-private:
-    SQLHENV environment_ = SQL_NULL_HENV;
-    SQLHDBC connection_ = SQL_NULL_HDBC;
-};
 
 struct Backend {
     const char *prefix; // of the environment variables; null for SQLite
@@ -90,12 +50,14 @@ constexpr Backend kMariaDb{"TABRA_BENCH_MARIADB_", "DOUBLE"};
 
 std::string variable(const Backend &backend, const char *name) { return env((std::string(backend.prefix) + name).c_str()); }
 
-std::unique_ptr<Connection> connect(const Backend &backend) {
+std::unique_ptr<BenchConnection> connect(const Backend &backend) {
     if (backend.prefix == nullptr)
-        return std::make_unique<Connection>(wide("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()));
+        return std::make_unique<BenchConnection>(
+            wide("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()), SQL_OV_ODBC2);
     if (variable(backend, "DSN").empty()) return nullptr;
-    return std::make_unique<Connection>(wide("DSN=" + variable(backend, "DSN") + ";UID=" + variable(backend, "USER") +
-                                             ";PWD=" + variable(backend, "PASSWORD")));
+    return std::make_unique<BenchConnection>(wide("DSN=" + variable(backend, "DSN") + ";UID=" +
+                                                  variable(backend, "USER") + ";PWD=" + variable(backend, "PASSWORD")),
+                                             SQL_OV_ODBC2);
 }
 
 // The source tables in PostgreSQL, made once: every row, and every second one.
@@ -113,7 +75,7 @@ bool makeSource() {
                 u"the other columns have' FROM generate_series(1, " +
                 wide(std::to_string(kRows)) + u") AS i");
     source->run(u"CREATE VIEW bench_ar_even AS SELECT * FROM bench_ar_source WHERE id % 2 = 0");
-    made = source->count(u"SELECT COUNT(*) FROM bench_ar_source") == kRows;
+    made = source->count(u"bench_ar_source") == kRows;
     return made;
 }
 
@@ -155,7 +117,7 @@ void addRecords(benchmark::State &state, const Backend &backend, bool byIds) {
         state.counters["updates"] = outcome.updates;
     }
     state.SetItemsProcessed(state.iterations() * kRows);
-    state.counters["rows_arrived"] = static_cast<double>(connection->count(u"SELECT COUNT(*) FROM bench_ar_dest"));
+    state.counters["rows_arrived"] = static_cast<double>(connection->count(u"bench_ar_dest"));
 }
 
 void BM_AddRecords_Plain_SQLite(benchmark::State &state) { addRecords(state, kSqlite, false); }

@@ -11,6 +11,7 @@
 //   with MARIADB: the server data sources; psql and mariadb read PG* and MARIADB_*.
 //
 //   build/bench/tabra_bench --benchmark_filter=Import
+#include "bench/bench_connection.h"
 #include "tabra_catalog.h"
 #include "wizards/import/import_run.h"
 #include "wizards/import/import_source.h"
@@ -33,6 +34,10 @@
 
 namespace {
 
+using tabra::bench::BenchConnection;
+using tabra::bench::env;
+using tabra::bench::wide;
+
 namespace importing = tabra::wizards::importing;
 
 constexpr int64_t kRows = 100000;
@@ -42,11 +47,6 @@ constexpr int64_t kRawRowsSqlite = 2000;
 constexpr const char *kCreateColumns =
     "(id INTEGER, name VARCHAR(255), city VARCHAR(255), amount %s, day %s, note VARCHAR(255))";
 
-std::u16string wide(const std::string &text) { return std::u16string(text.begin(), text.end()); }
-std::string env(const char *name) {
-    const char *value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 std::string folder() { return env("TABRA_BENCH_IMPORT_DIR").empty() ? "/tmp" : env("TABRA_BENCH_IMPORT_DIR"); }
 std::string textFile() { return folder() + "/import-bench.txt"; }
 std::string sqliteFile() { return folder() + "/import-bench.db"; }
@@ -69,46 +69,6 @@ void writeTextFile() {
     written = true;
 }
 
-class Connection {
-public:
-    explicit Connection(std::u16string text) {
-        std::setlocale(LC_ALL, "C.UTF-8");
-        SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
-        SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-        SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-        if (!SQL_SUCCEEDED(SQLDriverConnectW(connection_, nullptr, reinterpret_cast<SQLWCHAR *>(text.data()), SQL_NTS,
-                                             nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT)))
-            throw std::runtime_error("cannot connect to the bench database");
-    }
-    ~Connection() {
-        SQLDisconnect(connection_);
-        SQLFreeHandle(SQL_HANDLE_DBC, connection_);
-        SQLFreeHandle(SQL_HANDLE_ENV, environment_);
-    }
-    SQLHDBC handle() const { return connection_; }
-    bool run(std::u16string sql) const {
-        SQLHSTMT statement;
-        SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
-        SQLRETURN rc = SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR *>(sql.data()), SQL_NTS);
-        SQLFreeHandle(SQL_HANDLE_STMT, statement);
-        return SQL_SUCCEEDED(rc) || rc == SQL_NO_DATA;
-    }
-    int64_t count(std::u16string table) const {
-        SQLHSTMT statement;
-        SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
-        std::u16string sql = u"SELECT COUNT(*) FROM " + table;
-        SQLBIGINT rows = -1;
-        if (SQL_SUCCEEDED(SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR *>(sql.data()), SQL_NTS)) &&
-            SQL_SUCCEEDED(SQLFetch(statement)))
-            SQLGetData(statement, 1, SQL_C_SBIGINT, &rows, 0, nullptr);
-        SQLFreeHandle(SQL_HANDLE_STMT, statement);
-        return rows;
-    }
-
-private:
-    SQLHENV environment_ = SQL_NULL_HENV;
-    SQLHDBC connection_ = SQL_NULL_HDBC;
-};
 
 struct Backend {
     const char *name;
@@ -118,12 +78,13 @@ constexpr Backend kSqlite{"SQLite", "DOUBLE", "DATE"};
 constexpr Backend kPostgres{"PostgreSQL", "DOUBLE PRECISION", "DATE"};
 constexpr Backend kMariaDb{"MariaDB", "DOUBLE", "DATE"};
 
-std::unique_ptr<Connection> connect(const Backend &backend) {
+std::unique_ptr<BenchConnection> connect(const Backend &backend) {
     if (&backend == &kSqlite)
-        return std::make_unique<Connection>(wide("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()));
+        return std::make_unique<BenchConnection>(
+            wide("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()));
     std::string prefix = &backend == &kPostgres ? "TABRA_BENCH_PG_" : "TABRA_BENCH_MARIADB_";
     if (env((prefix + "DSN").c_str()).empty()) return nullptr;
-    return std::make_unique<Connection>(wide("DSN=" + env((prefix + "DSN").c_str()) + ";UID=" +
+    return std::make_unique<BenchConnection>(wide("DSN=" + env((prefix + "DSN").c_str()) + ";UID=" +
                                              env((prefix + "USER").c_str()) + ";PWD=" +
                                              env((prefix + "PASSWORD").c_str())));
 }
@@ -135,7 +96,7 @@ std::u16string createStatement(const Backend &backend, const char *table) {
 }
 
 // Rows per second and whether every row arrived.
-void finish(benchmark::State &state, const Connection &connection, const char *table, int64_t rows) {
+void finish(benchmark::State &state, const BenchConnection &connection, const char *table, int64_t rows) {
     state.SetItemsProcessed(state.iterations() * rows);
     state.counters["rows_arrived"] = static_cast<double>(connection.count(wide(table)));
 }

@@ -50,13 +50,8 @@
 //
 //   constexpr dialogs::Page<ExportState> kPages[] = {{ids::kTablePage.id, &kTablePage},
 //                                                    {ids::kFieldsPage.id, &kFieldsPage}, ...};
-//   extern "C" INT_PTR ExportWizzCallback(int32_t wizard, int32_t pageId, HWND page, uint32_t message,
-//                                         WPARAM wParam, LPARAM lParam) {
-//       auto *state = reinterpret_cast<ExportState *>(Wizzard_GetParam(wizard));
-//       if (state == nullptr) return 0;
-//       state->wizard = wizard;
-//       return dialogs::answerPage<ExportState>(kPages, pageId, page, *state, message, wParam, lParam);
-//   }
+//
+// (core/dialogs/wizard_frame.h has the page procedure's body and the frame's run.)
 //
 // The frame sends a page WM_INITDIALOG once (initialise translates and fills what stays),
 // kPageEntered each time the page becomes current (entered: fill from the state) and

@@ -32,7 +32,8 @@ for round in 1 2; do
         '10\. .* new table TourCopy \(500 rows\)' \
         '11\. .* table TourCopy deleted' \
         '12\. Show the driver information .* SQLite 3\.' \
-        '^12 of 12 steps done$'; do
+        '^12 of 12 steps done$' \
+        "^Database: +$database\$"; do
         grep -Eq "$expected" "$work/tour.out" || fail "round $round: no line matching: $expected"
     done
 done

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Creates the Tabra demo database (SQLite) and registers it as the data source
-# "TabraDemo" in the user's own odbc.ini ($ODBCINI, else ~/.odbc.ini). Only that
-# section of the file is written; running again changes nothing else.
+# "TabraDemo" in the user's own odbc.ini, the one the driver manager reads ($ODBCINI,
+# else the .odbc.ini of the account's home directory, which need not be $HOME). Only
+# that section of the file is written; running again changes nothing else.
 #
 #   bash tools/demo/make-demo-data.sh [--force]
 #     --force   make the database again even if it exists
@@ -11,7 +12,6 @@ set -euo pipefail
 HERE=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 DATABASE=${TABRA_DEMO_DATABASE:-${XDG_DATA_HOME:-$HOME/.local/share}/tabra/TabraDemo.sqlite}
 DSN=TabraDemo
-USER_INI=${ODBCINI:-$HOME/.odbc.ini}
 
 force=0
 for argument in "$@"; do
@@ -54,6 +54,8 @@ if ! odbcinst -q -d -n SQLite3 >/dev/null 2>&1; then
 fi
 
 # Our section of the user's odbc.ini: every other line stays as it was.
+USER_INI=$(odbcinst -j | sed -n 's/^USER DATA SOURCES\.*: //p')
+[[ -n "$USER_INI" ]] || USER_INI=${ODBCINI:-$HOME/.odbc.ini}
 mkdir -p "$(dirname "$USER_INI")"
 touch "$USER_INI"
 section=$(printf '[%s]\nDescription=Tabra demo database (customers, products, orders)\nDriver=SQLite3\nDatabase=%s\n' \

@@ -2,6 +2,7 @@
 // table handed to the wizard frame, and the copy once the user has finished it.
 #include "wizards/add_records/add_records_wizard.h"
 
+#include "core/dialogs/wizard_frame.h"
 #include "core/module/module_state.h"
 #include "wizards/add_records/add_records_copy.h"
 #include "wizards/add_records/add_records_pages.h"
@@ -36,9 +37,8 @@ int32_t runAddRecordsWizard(SQLHDBC connection, DbObjectInfo *parameterBlock) {
     state->connection = connection;
     if (parameterBlock != nullptr) state->object = *parameterBlock;
     readChoices(*state);
-    if (Wizzard_Perform(kPageTable, AddRecsWizzCallback, dialogs::kPageEntered, dialogs::kPageLeft,
-                        reinterpret_cast<LPARAM>(state.get()), ids::kWizardPicture, ids::kString.wizardTitle,
-                        module::resourceLibrary(), module::kTranslationModuleName, WIZZARD_BUTTONS_STANDARD, 0) != 1)
+    if (dialogs::performWizard(kPageTable, AddRecsWizzCallback, *state, ids::kWizardPicture,
+                               ids::kString.wizardTitle) != 1)
         return 2;
     const CopyOutcome outcome = runCopy(*state);
     state->source.close();
@@ -52,10 +52,8 @@ using namespace tabra::wizards::add_records;
 
 extern "C" INT_PTR AddRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                        LPARAM lParam) {
-    auto *state = reinterpret_cast<AddRecordsWizardState *>(Wizzard_GetParam(wizard));
-    if (state == nullptr) return 0;
-    state->wizard = wizard;
-    return tabra::dialogs::answerPage<AddRecordsWizardState>(kPages, pageId, page, *state, message, wParam, lParam);
+    return tabra::dialogs::answerWizardPage<AddRecordsWizardState>(kPages, wizard, pageId, page, message, wParam,
+                                                                   lParam);
 }
 
 extern "C" int32_t Tabra_AddRecordsWizzard(SQLHDBC connection, DbObjectInfo *parameterBlock) {

@@ -2,6 +2,7 @@
 #include "wizards/create_table/create_table_wizard.h"
 
 #include "catalog/table_operations.h"
+#include "core/dialogs/wizard_frame.h"
 #include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "ostrel.h"
@@ -41,10 +42,7 @@ void startFrom(CreateTableWizard &state) {
 
 extern "C" INT_PTR CreateTableWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                            LPARAM lParam) {
-    auto *state = reinterpret_cast<CreateTableWizard *>(Wizzard_GetParam(wizard));
-    if (state == nullptr) return 0;
-    state->wizard = wizard;
-    return tabra::dialogs::answerPage<CreateTableWizard>(kPages, pageId, page, *state, message, wParam, lParam);
+    return tabra::dialogs::answerWizardPage<CreateTableWizard>(kPages, wizard, pageId, page, message, wParam, lParam);
 }
 
 int32_t tabra::wizards::create_table::runCreateTableWizard(SQLHDBC connection, std::u16string &name) {
@@ -61,10 +59,8 @@ int32_t tabra::wizards::create_table::runCreateTableWizard(SQLHDBC connection, s
     state->connection = connection;
     state->database = &tabra::connection::capabilities(connection);
     startFrom(*state);
-    int32_t result = Wizzard_Perform(kPageTable, CreateTableWizzCallback, tabra::dialogs::kPageEntered,
-                                     tabra::dialogs::kPageLeft, reinterpret_cast<LPARAM>(state.get()),
-                                     ids::kPicture.createTable, ids::kString.title, module::resourceLibrary(),
-                                     module::kTranslationModuleName, WIZZARD_BUTTONS_STANDARD, 0);
+    int32_t result = tabra::dialogs::performWizard(kPageTable, CreateTableWizzCallback, *state,
+                                                   ids::kPicture.createTable, ids::kString.title);
     if (result != 1 || !createTable(connection, *state->database, state->mode, state->name, state->source)) return 2;
     name = state->name;
     return 1;

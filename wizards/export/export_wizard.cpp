@@ -1,5 +1,6 @@
 // The export wizard: its state, the page table handed to the wizard frame, and the
 // file written once the user has finished the last page.
+#include "core/dialogs/wizard_frame.h"
 #include "core/module/module_state.h"
 #include "wizards/wizard_state.h"
 #include "core/resource_ids.h"
@@ -38,10 +39,7 @@ using namespace tabra::wizards::exporting;
 
 extern "C" INT_PTR ExportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                       LPARAM lParam) {
-    auto *state = reinterpret_cast<ExportWizardState *>(Wizzard_GetParam(wizard));
-    if (state == nullptr) return 0;
-    state->wizard = wizard;
-    return tabra::dialogs::answerPage<ExportWizardState>(kPages, pageId, page, *state, message, wParam, lParam);
+    return tabra::dialogs::answerWizardPage<ExportWizardState>(kPages, wizard, pageId, page, message, wParam, lParam);
 }
 
 int32_t tabra::wizards::exporting::runExportWizard(SQLHDBC connection, DbObjectInfo *parameterBlock,
@@ -56,10 +54,8 @@ int32_t tabra::wizards::exporting::runExportWizard(SQLHDBC connection, DbObjectI
     Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, tabra::module::kRegistryRoot, 0, kRegistryKey, kFileNameValue,
                                   u"", fileName, kFileNameCapacity, kFileNameCapacity - 1);
     state->fileName = fileName;
-    if (Wizzard_Perform(kPageTable, ExportWizzCallback, tabra::dialogs::kPageEntered, tabra::dialogs::kPageLeft,
-                        reinterpret_cast<LPARAM>(state.get()), ids::kWizardPicture, ids::kString.wizardTitle,
-                        tabra::module::resourceLibrary(), tabra::module::kTranslationModuleName,
-                        WIZZARD_BUTTONS_STANDARD, 0) != 1)
+    if (tabra::dialogs::performWizard(kPageTable, ExportWizzCallback, *state, ids::kWizardPicture,
+                                      ids::kString.wizardTitle) != 1)
         return 2;
     if (writeExportFile(*state) != 1) return 2;
     *parameterBlock = state->object;

@@ -1,5 +1,6 @@
 // The import wizard: its state with the choices kept in the registry, the page table
 // handed to the wizard frame, and the import run once the user has finished it.
+#include "core/dialogs/wizard_frame.h"
 #include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "ostrel_registry.h"
@@ -51,10 +52,7 @@ using namespace tabra::wizards::importing;
 
 extern "C" INT_PTR ImportWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                       LPARAM lParam) {
-    auto *state = reinterpret_cast<ImportWizardState *>(Wizzard_GetParam(wizard));
-    if (state == nullptr) return 0;
-    state->wizard = wizard;
-    return tabra::dialogs::answerPage<ImportWizardState>(kPages, pageId, page, *state, message, wParam, lParam);
+    return tabra::dialogs::answerWizardPage<ImportWizardState>(kPages, wizard, pageId, page, message, wParam, lParam);
 }
 
 int32_t tabra::wizards::importing::runImportWizard(SQLHDBC connection, std::u16string &table) {
@@ -62,10 +60,8 @@ int32_t tabra::wizards::importing::runImportWizard(SQLHDBC connection, std::u16s
     if (!state) return 2;
     state->connection = connection;
     readChoices(*state);
-    if (Wizzard_Perform(kPageTable, ImportWizzCallback, tabra::dialogs::kPageEntered, tabra::dialogs::kPageLeft,
-                        reinterpret_cast<LPARAM>(state.get()), ids::kWizardPicture, ids::kString.wizardTitle,
-                        tabra::module::resourceLibrary(), tabra::module::kTranslationModuleName,
-                        WIZZARD_BUTTONS_STANDARD, WIZZARD_SHOW_STEP) != 1)
+    if (tabra::dialogs::performWizard(kPageTable, ImportWizzCallback, *state, ids::kWizardPicture,
+                                      ids::kString.wizardTitle, WIZZARD_SHOW_STEP) != 1)
         return 2;
     ImportOutcome outcome = runImport(*state);
     if (outcome.result == 1) table = state->table;

@@ -1,4 +1,5 @@
 // The delete records wizard: table, condition, summary; Finish deletes the records.
+#include "core/dialogs/wizard_frame.h"
 #include "tabra_wizards.h"
 #include "wizards/records/condition_page.h"
 #include "wizards/records/count_pages.h"
@@ -18,7 +19,7 @@ constexpr tabra::dialogs::Page<RecordsWizard> kPages[] = {{ids::kDeleteTablePage
 
 extern "C" INT_PTR DelRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                        LPARAM lParam) {
-    return answerRecordsPage(kPages, wizard, pageId, page, message, wParam, lParam);
+    return tabra::dialogs::answerWizardPage<RecordsWizard>(kPages, wizard, pageId, page, message, wParam, lParam);
 }
 
 int32_t tabra::wizards::records::runDeleteRecordsWizard(SQLHDBC connection, DbObjectInfo *object, int32_t callerValue) {

@@ -2,6 +2,7 @@
 #include "wizards/records/records_wizard.h"
 
 #include "catalog/field_list.h"
+#include "core/dialogs/wizard_frame.h"
 #include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "platform/text/bounded_text.h"
@@ -27,14 +28,6 @@ void RecordsWizard::loadColumns() {
                   .value_or(std::u16string());
 }
 
-INT_PTR answerRecordsPage(std::span<const dialogs::Page<RecordsWizard>> pages, HWIZZARD wizard, int32_t pageId,
-                          HWND page, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    auto *state = reinterpret_cast<RecordsWizard *>(Wizzard_GetParam(wizard));
-    if (state == nullptr) return 0;
-    state->wizard = wizard;
-    return dialogs::answerPage<RecordsWizard>(pages, pageId, page, *state, message, wParam, lParam);
-}
-
 int32_t runRecordsWizard(Operation operation, SQLHDBC connection, DbObjectInfo *object, int32_t callerValue,
                          const int32_t *pageTable, WIZZARDPROC procedure) {
     std::unique_ptr<RecordsWizard> state;
@@ -54,12 +47,9 @@ int32_t runRecordsWizard(Operation operation, SQLHDBC connection, DbObjectInfo *
     else state->object.DbObjectType = TABRA_OBJECT_TABLE;
 
     bool deleting = operation == Operation::Delete;
-    int32_t result = Wizzard_Perform(pageTable, procedure, dialogs::kPageEntered, dialogs::kPageLeft,
-                                     reinterpret_cast<LPARAM>(state.get()),
-                                     deleting ? ids::kPicture.deleteRecords : ids::kPicture.updateRecords,
-                                     deleting ? ids::kString.deleteTitle : ids::kString.updateTitle,
-                                     module::resourceLibrary(), module::kTranslationModuleName,
-                                     WIZZARD_BUTTONS_STANDARD, 0);
+    int32_t result = dialogs::performWizard(pageTable, procedure, *state,
+                                            deleting ? ids::kPicture.deleteRecords : ids::kPicture.updateRecords,
+                                            deleting ? ids::kString.deleteTitle : ids::kString.updateTitle);
     // The update ran when its confirmation page was left; the delete runs now.
     if (result == 1 && deleting && !runRecordsStatement(*state)) result = 2;
     if (result != 1) return 2;

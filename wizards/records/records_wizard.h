@@ -47,10 +47,6 @@ struct RecordsWizard {
     void loadColumns();
 };
 
-// A wizard's page procedure, in one line: the state from the wizard's parameter, its
-// handle kept, the message handed to the page's dialog (0 for a page not in the table).
-INT_PTR answerRecordsPage(std::span<const dialogs::Page<RecordsWizard>> pages, HWIZZARD wizard, int32_t pageId,
-                          HWND page, uint32_t message, WPARAM wParam, LPARAM lParam);
 
 // What the entry points share: the state made (message 1600 and 2 when it cannot be),
 // the caller's record copied in, the frame run on the page table with the wizard's

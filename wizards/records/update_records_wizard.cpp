@@ -1,5 +1,6 @@
 // The update records wizard: table, condition, assignments, confirmation (leaving it
 // updates the records) and result.
+#include "core/dialogs/wizard_frame.h"
 #include "tabra_wizards.h"
 #include "wizards/records/assignment_page.h"
 #include "wizards/records/condition_page.h"
@@ -23,7 +24,7 @@ constexpr tabra::dialogs::Page<RecordsWizard> kPages[] = {{ids::kUpdateTablePage
 
 extern "C" INT_PTR UpdRecsWizzCallback(HWIZZARD wizard, int32_t pageId, HWND page, uint32_t message, WPARAM wParam,
                                        LPARAM lParam) {
-    return answerRecordsPage(kPages, wizard, pageId, page, message, wParam, lParam);
+    return tabra::dialogs::answerWizardPage<RecordsWizard>(kPages, wizard, pageId, page, message, wParam, lParam);
 }
 
 int32_t tabra::wizards::records::runUpdateRecordsWizard(SQLHDBC connection, DbObjectInfo *object, int32_t callerValue) {
