@@ -43,6 +43,8 @@ query() { sqlite3 "$database" "$1"; }
 [[ $(query "SELECT count(*) FROM TourCustomers WHERE CreditLimit IS NULL") == 0 ]] || fail "records without a credit limit left"
 [[ $(query "SELECT Remark FROM TourNotes") == "written by the SQL performer" ]] || fail "the SQL performer's row is missing"
 [[ $(query "SELECT count(*) FROM TourView") == 248 ]] || fail "the view does not hold the German customers"
+[[ $(query "SELECT sql FROM sqlite_master WHERE name = 'TourView'") == *"FROM TourCustomers AS t WHERE"* ]] \
+    || fail "the view was not made by the designer"
 [[ -z $(query "SELECT name FROM sqlite_master WHERE name = 'TourCopy'") ]] || fail "the copy was not deleted"
 [[ $(query "SELECT count(*) FROM Customers") == 500 ]] || fail "the demo's own table changed"
 echo "tour_test: two tours, 12 of 12 steps each"
