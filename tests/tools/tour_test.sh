@@ -47,4 +47,5 @@ query() { sqlite3 "$database" "$1"; }
     || fail "the view was not made by the designer"
 [[ -z $(query "SELECT name FROM sqlite_master WHERE name = 'TourCopy'") ]] || fail "the copy was not deleted"
 [[ $(query "SELECT count(*) FROM Customers") == 500 ]] || fail "the demo's own table changed"
+[[ -s $work/.cache/tabra-tour/customers.txt ]] || fail "the exported file is not in the user's tour folder"
 echo "tour_test: two tours, 12 of 12 steps each"

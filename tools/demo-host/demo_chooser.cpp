@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
@@ -177,9 +178,36 @@ void stepDone(HWND, void *context) {
     tour.last = std::move(now);
 }
 
+// The tour's files go to a folder of the user's own (a shared /tmp may hold another
+// user's files of the same name): ${TOUR_FOLDER} in the script stands for it.
+std::string tourFolder() {
+    const char *cache = std::getenv("XDG_CACHE_HOME"), *home = std::getenv("HOME");
+    std::filesystem::path folder = cache != nullptr && *cache != '\0' ? std::filesystem::path(cache)
+                                   : home != nullptr && *home != '\0' ? std::filesystem::path(home) / ".cache"
+                                                                      : std::filesystem::temp_directory_path();
+    folder /= "tabra-tour";
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    return folder.string();
+}
+
+// Replaces ${TOUR_FOLDER}; inside a script action's quotes with its escapes.
+std::string withTourFolder(std::string line, const std::string &folder, bool quoted) {
+    std::string text;
+    for (char c : folder) {
+        if (quoted && (c == '"' || c == '\\')) text += '\\';
+        text += c;
+    }
+    const std::string placeholder = "${TOUR_FOLDER}";
+    for (size_t at = line.find(placeholder); at != std::string::npos; at = line.find(placeholder, at + text.size()))
+        line.replace(at, placeholder.size(), text);
+    return line;
+}
+
 std::vector<Step> readTour(const std::string &path) {
     std::vector<Step> steps;
     std::ifstream file(path);
+    const std::string folder = tourFolder();
     for (std::string line; std::getline(file, line);) {
         if (line.rfind("## ", 0) == 0) {
             steps.push_back({line.substr(3), {}, {}, {}});
@@ -188,9 +216,10 @@ std::vector<Step> readTour(const std::string &path) {
         } else if (line.rfind("#! ", 0) == 0) {
             size_t space = line.find(' ', 3);
             steps.back().figure = line.substr(3, space == std::string::npos ? std::string::npos : space - 3);
-            steps.back().argument = space == std::string::npos ? "" : line.substr(space + 1);
+            steps.back().argument =
+                space == std::string::npos ? "" : withTourFolder(line.substr(space + 1), folder, false);
         } else if (line[0] != '#') {
-            steps.back().actions.push_back(line);
+            steps.back().actions.push_back(withTourFolder(line, folder, true));
         }
     }
     return steps;
