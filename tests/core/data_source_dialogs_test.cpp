@@ -189,9 +189,8 @@ TEST_F(DataSourceDialogTestDriverTest, NoSelectionIsRefusedAndADoubleClickAccept
     run.queueCallback(kDataSourceDialog.id,
                       [](HWND dialog, void *) { Ostrel_SetBoxIndex(GetDlgItem(dialog, kDataSourceDialog.dataSources), -1); },
                       nullptr);
-    run.queue(click(kDataSourceDialog.id, IDOK));
-    run.queue(answer(core::ids::kMessage.emptyDataSourceName, "ok"));
-    run.queue(onDialog(kDataSourceDialog.id, "doubleclick", kDataSourceDialog.dataSources, quoted(dsn::Access)));
+    run.queue(click(kDataSourceDialog.id, IDOK), answer(core::ids::kMessage.emptyDataSourceName, "ok"),
+              onDialog(kDataSourceDialog.id, "doubleclick", kDataSourceDialog.dataSources, quoted(dsn::Access)));
     EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(std::u16string(record.DataSourceName), dsn::Access);
@@ -218,8 +217,7 @@ TEST_F(DataSourceDialogTestDriverTest, CombinedDialogEnablesSchemasOnlyWhereTheD
     run.queue(onDialog(kDataSourceDialog.id, "select", kDataSourceDialog.dataSources, quoted(dsn::Schemas)));
     run.queue(click(kDataSourceDialog.id, IDOK));
     run.queueCallback(combined, snapshot, &afterChange);
-    run.queue(onDialog(combined, "set", kDataSourceAndSchemaDialog.schema, "\"main\""));
-    run.queue(click(combined, IDOK));
+    run.queue(onDialog(combined, "set", kDataSourceAndSchemaDialog.schema, "\"main\""), click(combined, IDOK));
     EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(atStart.selected, dsn::TestDriver);
