@@ -69,25 +69,19 @@ TEST_P(IdentifierQuotingTest, PreparesWithTheDatabasesQuoteCharacter) {
     EXPECT_EQ(std::u16string(reserved), wrap(u"Order"));
     char16_t quoted[40] = u"Order Details";
     Tabra_QuoteNameIfNotPureSql(h, quoted, 40);
-    EXPECT_EQ(std::u16string(quoted), q + u"Order Details" + q);
+    EXPECT_EQ(std::u16string(quoted), orderDetails);
     Tabra_QuoteNameIfNotPureSql(h, quoted, 40); // no stripping: quoted again
     EXPECT_EQ(std::u16string(quoted), q + q + u"Order Details" + q + q);
 
-    char16_t stripped[60];
-    std::u16string(u" dbo . " + q + u"Order Details" + q + u" ").copy(stripped, 59);
-    stripped[std::u16string(u" dbo . " + q + u"Order Details" + q + u" ").size()] = u'\0';
-    Tabra_StripDelimitersFromName(h, stripped);
-    EXPECT_EQ(std::u16string(stripped), u"dbo.Order Details");
+    std::u16string stripped = u" dbo . " + orderDetails + u" ";
+    Tabra_StripDelimitersFromName(h, stripped.data());
+    EXPECT_EQ(std::u16string(stripped.c_str()), u"dbo.Order Details");
 
     char16_t schema[50], table[50];
     Tabra_ParseSchemaAndTable(h, u"dbo.Orders", schema, 50, table, 50);
-    if (backend() == Backend::PostgreSQL) {
-        EXPECT_EQ(std::u16string(schema), u"dbo");
-        EXPECT_EQ(std::u16string(table), u"Orders");
-    } else {
-        EXPECT_EQ(std::u16string(schema), u"");
-        EXPECT_EQ(std::u16string(table), u"dbo.Orders");
-    }
+    const bool schemas = backend() == Backend::PostgreSQL;
+    EXPECT_EQ(std::u16string(schema), schemas ? u"dbo" : u"");
+    EXPECT_EQ(std::u16string(table), schemas ? u"Orders" : u"dbo.Orders");
 }
 
 TEST_P(IdentifierQuotingTest, PreparedNamesReachTheRightTables) {
