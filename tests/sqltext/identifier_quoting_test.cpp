@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace tabra::test {
 namespace {
@@ -199,16 +200,14 @@ TEST_F(IdentifierQuotingTestDriverTest, SmallBuffersAreCutButNeverOverrun) {
     EXPECT_EQ(prepared.substr(0, 3), u"\"z ");
     Tabra_PrepareNameForSql92(h, u"x", nullptr, 10, 0); // null destination: nothing
 
-    char16_t list[12] = u"ab\tcd\tef";
-    std::fill(list + 9, list + 12, u'#');
-    Tabra_PrepareNameListForSql92(h, list, 9, u'\t', u',');
-    EXPECT_EQ(std::u16string(list), u"ab,cd,ef");
-    EXPECT_EQ(list[9], u'#');
-    char16_t tight[8] = u"ab\tcd";
-    std::fill(tight + 6, tight + 8, u'#');
-    Tabra_PrepareNameListForSql92(h, tight, 5, u'\t', u',');
-    EXPECT_EQ(std::u16string(tight), u"ab,c");
-    EXPECT_EQ(tight[6], u'#');
+    // A list prepared in place, in a buffer guarded past the text and its terminator.
+    for (const auto &[text, capacity, prepared] :
+         {std::tuple{u"ab\tcd\tef", 9, u"ab,cd,ef"}, std::tuple{u"ab\tcd", 5, u"ab,c"}}) {
+        std::u16string list = std::u16string(text) + u'\0' + u"###";
+        Tabra_PrepareNameListForSql92(h, list.data(), capacity, u'\t', u',');
+        EXPECT_EQ(std::u16string(list.c_str()), prepared);
+        EXPECT_EQ(list.substr(list.size() - 3), u"###");
+    }
 }
 
 } // namespace
