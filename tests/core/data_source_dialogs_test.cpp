@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 namespace tabra::test {
 namespace {
@@ -24,28 +25,27 @@ using core::ids::kSchemaDialog;
 
 constexpr char16_t kRoot[] = u"Software\\Ostrel Software\\Tabra";
 
+// A record's data source name, user and password.
+using Fields = std::array<std::u16string, 3>;
+Fields fieldsOf(const DataSourceInfo &record) { return {record.DataSourceName, record.UserId, record.Password}; }
+
 TEST(DataSourceRegistry, RecordsRoundTripWithDefaultsForMissingValues) {
     ScopedRegistryRoot registry;
     DataSourceInfo empty{};
     std::fill(std::begin(empty.DataSourceName), std::end(empty.DataSourceName), u'x');
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr, &empty);
-    EXPECT_EQ(std::u16string(empty.DataSourceName), u"");
-    EXPECT_EQ(std::u16string(empty.UserId), u"");
-    EXPECT_EQ(std::u16string(empty.Password), u"");
+    EXPECT_EQ(fieldsOf(empty), (Fields{u"", u"", u""}));
 
     DataSourceInfo defaults = dataSourceRecord(u"Fallback", u"guest", u"");
     DataSourceInfo read{};
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &defaults, &read);
-    EXPECT_EQ(std::u16string(read.DataSourceName), u"Fallback");
-    EXPECT_EQ(std::u16string(read.UserId), u"guest");
+    EXPECT_EQ(fieldsOf(read), (Fields{u"Fallback", u"guest", u""}));
 
     DataSourceInfo written = dataSourceRecord(u"Lager Müller", u"jürgen", u"geheim \"1\"");
     Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &written);
     Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr); // nothing happens
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", &defaults, &read);
-    EXPECT_EQ(std::u16string(read.DataSourceName), u"Lager Müller");
-    EXPECT_EQ(std::u16string(read.UserId), u"jürgen");
-    EXPECT_EQ(std::u16string(read.Password), u"geheim \"1\"");
+    EXPECT_EQ(fieldsOf(read), (Fields{u"Lager Müller", u"jürgen", u"geheim \"1\""}));
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Export", nullptr, nullptr); // no crash
 
     // A field filled to its width is stored without running into the next field.
@@ -54,8 +54,7 @@ TEST(DataSourceRegistry, RecordsRoundTripWithDefaultsForMissingValues) {
     std::fill(std::begin(full.UserId), std::end(full.UserId), u'u');
     Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Full", &full);
     Tabra_ReadDataSourceFromRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Full", nullptr, &read);
-    EXPECT_EQ(std::u16string(read.DataSourceName), std::u16string(99, u'n'));
-    EXPECT_EQ(std::u16string(read.UserId), std::u16string(49, u'u'));
+    EXPECT_EQ(fieldsOf(read), (Fields{std::u16string(99, u'n'), std::u16string(49, u'u'), u""}));
 }
 
 TEST(DataSourceRegistry, CurrentUserFirstThenLocalMachine) {
@@ -68,8 +67,7 @@ TEST(DataSourceRegistry, CurrentUserFirstThenLocalMachine) {
     DataSourceInfo user = dataSourceRecord(u"UserSource", u"me");
     Tabra_WriteDataSourceToRegistry(HKEY_CURRENT_USER, kRoot, 0, u"Chooser", &user);
     Tabra_ReadDataSourceFromHKCUorHKLM(kRoot, u"Chooser", nullptr, &read);
-    EXPECT_EQ(std::u16string(read.DataSourceName), u"UserSource");
-    EXPECT_EQ(std::u16string(read.UserId), u"me");
+    EXPECT_EQ(fieldsOf(read), (Fields{u"UserSource", u"me", u""}));
 }
 
 TEST(DataSourceRegistry, DatabaseObjects) {
@@ -127,8 +125,7 @@ TEST_F(DataSourceDialogTestDriverTest, ShowsTheRecordAndAcceptsAWorkingLogin) {
     EXPECT_EQ(seen.user, u"alice");
     EXPECT_EQ(seen.password, u"secret");
     EXPECT_GE(seen.count, 10); // every private data source is listed
-    EXPECT_EQ(std::u16string(record.UserId), u"bob");
-    EXPECT_EQ(std::u16string(record.Password), u"secret");
+    EXPECT_EQ(fieldsOf(record), (Fields{dsn::TestDriver, u"bob", u"secret"}));
     EXPECT_EQ(record.Reserved[0], 0x5A);
     EXPECT_EQ(testDriverConnectionCounts().open(), 0); // the trial login was closed again
 
@@ -189,9 +186,8 @@ TEST_F(DataSourceDialogTestDriverTest, NoSelectionIsRefusedAndADoubleClickAccept
     run.queueCallback(kDataSourceDialog.id,
                       [](HWND dialog, void *) { Ostrel_SetBoxIndex(GetDlgItem(dialog, kDataSourceDialog.dataSources), -1); },
                       nullptr);
-    run.queue(click(kDataSourceDialog.id, IDOK));
-    run.queue(answer(core::ids::kMessage.emptyDataSourceName, "ok"));
-    run.queue(onDialog(kDataSourceDialog.id, "doubleclick", kDataSourceDialog.dataSources, quoted(dsn::Access)));
+    run.queue(click(kDataSourceDialog.id, IDOK), answer(core::ids::kMessage.emptyDataSourceName, "ok"),
+              onDialog(kDataSourceDialog.id, "doubleclick", kDataSourceDialog.dataSources, quoted(dsn::Access)));
     EXPECT_EQ(Tabra_DataSourceDialog(&record), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(std::u16string(record.DataSourceName), dsn::Access);
@@ -218,8 +214,7 @@ TEST_F(DataSourceDialogTestDriverTest, CombinedDialogEnablesSchemasOnlyWhereTheD
     run.queue(onDialog(kDataSourceDialog.id, "select", kDataSourceDialog.dataSources, quoted(dsn::Schemas)));
     run.queue(click(kDataSourceDialog.id, IDOK));
     run.queueCallback(combined, snapshot, &afterChange);
-    run.queue(onDialog(combined, "set", kDataSourceAndSchemaDialog.schema, "\"main\""));
-    run.queue(click(combined, IDOK));
+    run.queue(onDialog(combined, "set", kDataSourceAndSchemaDialog.schema, "\"main\""), click(combined, IDOK));
     EXPECT_EQ(Tabra_DataSourceAndSchemaDialog(nullptr, &record, schema, 100, nullptr), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(atStart.selected, dsn::TestDriver);

@@ -97,9 +97,8 @@ TEST_F(OdbcErrorDialogTestDriverTest, OptionValueChangedOffersItsExplanation) {
     };
     ScriptedRun run;
     run.queueCallback(kErrorDialog.id, seeButton, &buttonVisible);
-    run.queue(click(kErrorDialog.id, kErrorDialog.furtherMessage));
-    run.queue(answer(ids::kMessage.optionValueChanged, "ok"));
-    run.queue(click(kErrorDialog.id, IDOK));
+    run.queue(click(kErrorDialog.id, kErrorDialog.furtherMessage), answer(ids::kMessage.optionValueChanged, "ok"),
+              click(kErrorDialog.id, IDOK));
     EXPECT_EQ(Tabra_DisplayErrorHstmt(statement.handle(), u"SELECT 1"), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(run.pending(), 0);

@@ -16,8 +16,7 @@ struct DumpState {
 TEST(StatementConfirmation, TheUserDecidesWhenTheSwitchShowsStatements) {
     DumpState show(OSTREL_DUMP_SHOW_STATEMENTS);
     ScriptedRun run;
-    run.queue("message: answer ok");
-    run.queue("message: answer cancel");
+    run.queue("message: answer ok", "message: answer cancel");
     EXPECT_EQ(Ostrel_DumpSqlStatement(u"DELETE FROM \"Order Details\"", 0), 1);
     EXPECT_NE(Ostrel_DumpSqlStatement(u"DROP TABLE Customers", 0), 1);
     EXPECT_FALSE(run.failed());

@@ -22,26 +22,13 @@ namespace addRecords = wizards::add_records;
 namespace ids = addRecords::ids;
 namespace automation = gtk::automation;
 
-// The frame's visible page that holds the control.
-HWND visiblePageHolding(HWND frame, int32_t control) {
-    for (HWND child = GetWindow(frame, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (IsWindowVisible(child) && GetDlgItem(child, control)) return child;
-    return nullptr;
-}
-
-class GtkRendererAddRecords : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {
+class GtkRendererAddRecords : public GtkRendererSqliteTest {
 protected:
     void SetUp() override {
-        GtkRendererTest::SetUp();
-        if (IsSkipped()) return;
-        PrivateDataSources::instance();
-        connection_.emplace(dsn::SQLite);
-        executeAll(*connection_, {u"DROP TABLE IF EXISTS Orders", u"DROP TABLE IF EXISTS Customers",
-                                  u"CREATE TABLE Orders (id INTEGER, customer VARCHAR(40), note VARCHAR(20))",
-                                  u"CREATE TABLE Customers (id INTEGER, customer VARCHAR(40), city VARCHAR(30))",
-                                  u"INSERT INTO Customers VALUES (1, 'Müller', 'Köln'), (2, 'O''Neil', 'Cork')"});
+        setUpDatabase({u"CREATE TABLE Orders (id INTEGER, customer VARCHAR(40), note VARCHAR(20))",
+                       u"CREATE TABLE Customers (id INTEGER, customer VARCHAR(40), city VARCHAR(30))",
+                       u"INSERT INTO Customers VALUES (1, 'Müller', 'Köln'), (2, 'O''Neil', 'Cork')"});
     }
-    std::optional<OdbcConnection> connection_;
 };
 
 TEST_P(GtkRendererAddRecords, EveryPageAndTheFieldDialog) {
@@ -65,7 +52,7 @@ TEST_P(GtkRendererAddRecords, EveryPageAndTheFieldDialog) {
                               {ids::kSummaryPage.records, "summary"}};
                  for (const auto &page : pages) {
                      if (page.control != pages[0].control) gtk_button_clicked(GTK_BUTTON(widgetOf(frame, WIZZARD_ID_NEXT)));
-                     HWND shownPage = visiblePageHolding(frame, page.control);
+                     HWND shownPage = pageHolding(frame, page.control, true);
                      ASSERT_NE(shownPage, nullptr) << page.name;
                      saveScreenshot(shown.window, std::string("add-records-") + page.name + "-" + GetParam());
                      if (page.control == ids::kMappingPage.fields)
@@ -98,8 +85,7 @@ TEST_P(GtkRendererAddRecords, EveryPageAndTheFieldDialog) {
     EXPECT_EQ(shownCount(), 3u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererAddRecords, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererAddRecords);
 
 } // namespace
 } // namespace tabra::test

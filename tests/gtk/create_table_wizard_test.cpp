@@ -24,24 +24,11 @@ namespace {
 namespace ids = wizards::create_table::ids;
 namespace automation = gtk::automation;
 
-// The frame's page that holds the control.
-HWND pageHolding(HWND frame, int32_t control) {
-    for (HWND child = GetWindow(frame, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (GetDlgItem(child, control)) return child;
-    return nullptr;
-}
-
-class GtkRendererCreateTable : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {
+class GtkRendererCreateTable : public GtkRendererSqliteTest {
 protected:
     void SetUp() override {
-        GtkRendererTest::SetUp();
-        if (IsSkipped()) return;
-        PrivateDataSources::instance();
-        connection_.emplace(dsn::SQLite);
-        executeAll(*connection_, {u"DROP TABLE IF EXISTS Orders", u"DROP TABLE IF EXISTS Customers",
-                                  u"CREATE TABLE Orders (id INTEGER)", u"CREATE TABLE Customers (id INTEGER)"});
+        setUpDatabase({u"CREATE TABLE Orders (id INTEGER)", u"CREATE TABLE Customers (id INTEGER)"});
     }
-    std::optional<OdbcConnection> connection_;
 };
 
 // Through every page to the closing one (a copy of Orders), then Cancel.
@@ -99,8 +86,7 @@ TEST_P(GtkRendererCreateTable, DriverInformationAndTableNameDialogs) {
     EXPECT_EQ(shownCount(), 2u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererCreateTable, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererCreateTable);
 
 } // namespace
 } // namespace tabra::test

@@ -17,31 +17,11 @@ namespace {
 
 namespace ids = query::ids;
 
-// The library's resources in another language for one scope.
-class ScopedLibraryLanguage {
-public:
-    explicit ScopedLibraryLanguage(const std::string &language) {
-        language_.emplace("ZUL_LANGUAGE", language.c_str());
-        reload();
-    }
-    ~ScopedLibraryLanguage() {
-        language_.reset();
-        reload();
-    }
-
-private:
-    static void reload() {
-        module::moduleEntryPoint(module::ProcessDetach);
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-    std::optional<ScopedEnvironmentVariable> language_;
-};
-
-class GtkRendererDesigner : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+class GtkRendererDesigner : public GtkRendererLanguageTest {};
 
 TEST_P(GtkRendererDesigner, PagesAndTheJoinDialog) {
     const std::string language = GetParam();
-    ScopedLibraryLanguage scoped(language);
+    ScopedLanguage scoped(language);
     PrivateDataSources::instance().freshSqliteDatabase();
     OdbcConnection connection(dsn::SQLite);
     executeAll(connection,
@@ -144,8 +124,7 @@ TEST_F(GtkRendererDesigner, DraggingATableAddsIt) {
     Tabra_SelFact_Destroy(design);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererDesigner, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererDesigner);
 
 } // namespace
 } // namespace tabra::test

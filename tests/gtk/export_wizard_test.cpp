@@ -21,42 +21,16 @@ namespace {
 namespace ids = wizards::exporting::ids;
 namespace automation = gtk::automation;
 
-// The library's resources in one language for one scope.
-class ScopedLanguage {
-public:
-    explicit ScopedLanguage(const char *language) : variable_("ZUL_LANGUAGE", language) {
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-    ~ScopedLanguage() {
-        unsetenv("ZUL_LANGUAGE");
-        module::moduleEntryPoint(module::ProcessAttach);
-    }
-
-private:
-    ScopedEnvironmentVariable variable_;
-};
-
-// The page of the frame that holds the control.
-HWND pageWith(HWND frame, int32_t control) {
-    for (HWND child = GetWindow(frame, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
-        if (GetDlgItem(child, control) != nullptr) return child;
-    return nullptr;
-}
-
-class GtkRendererExportWizard : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {
+class GtkRendererExportWizard : public GtkRendererSqliteTest {
 protected:
     void SetUp() override {
-        GtkRendererTest::SetUp();
+        setUpDatabase({u"CREATE TABLE Orders (OrderID INTEGER PRIMARY KEY, CustomerID INTEGER, Freight DOUBLE)",
+                       u"CREATE TABLE Customers (CustomerID INTEGER PRIMARY KEY, CompanyName VARCHAR(40), "
+                       u"\"Contact Name\" VARCHAR(30), City VARCHAR(20), Country VARCHAR(20), CreditLimit DOUBLE, "
+                       u"\"Customer.Since\" DATE)",
+                       u"INSERT INTO Customers VALUES (1, 'Alfreds Futterkiste', 'Maria Anders', 'Berlin', 'Germany', "
+                       u"5000.5, '2019-04-01')"});
         if (IsSkipped()) return;
-        PrivateDataSources::instance().freshSqliteDatabase();
-        connection_ = std::make_unique<OdbcConnection>(dsn::SQLite);
-        executeAll(*connection_,
-                   {u"CREATE TABLE Orders (OrderID INTEGER PRIMARY KEY, CustomerID INTEGER, Freight DOUBLE)",
-                    u"CREATE TABLE Customers (CustomerID INTEGER PRIMARY KEY, CompanyName VARCHAR(40), "
-                    u"\"Contact Name\" VARCHAR(30), City VARCHAR(20), Country VARCHAR(20), CreditLimit DOUBLE, "
-                    u"\"Customer.Since\" DATE)",
-                    u"INSERT INTO Customers VALUES (1, 'Alfreds Futterkiste', 'Maria Anders', 'Berlin', 'Germany', "
-                    u"5000.5, '2019-04-01')"});
         Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, u"Export", u"FileName",
                                      u"/home/maria/exports/orders.txt");
     }
@@ -65,11 +39,10 @@ protected:
     }
 
     ScopedRegistryRoot registry_;
-    std::unique_ptr<OdbcConnection> connection_;
 };
 
 TEST_P(GtkRendererExportWizard, EveryPageTheContextMenuAndTheFieldDialog) {
-    ScopedLanguage language(GetParam().c_str());
+    ScopedLanguage language(GetParam());
     HWND frame = nullptr;
     GtkWidget *frameWindow = nullptr;
     auto press = [&](int32_t button) { gtk_button_clicked(GTK_BUTTON(widgetOf(frame, button))); };
@@ -77,12 +50,12 @@ TEST_P(GtkRendererExportWizard, EveryPageTheContextMenuAndTheFieldDialog) {
                  frame = shown.handle;
                  frameWindow = shown.window;
                  EXPECT_EQ(shown.id, ids::kWizardPicture);
-                 HWND tables = pageWith(frame, ids::kTablePage.tables);
+                 HWND tables = pageHolding(frame, ids::kTablePage.tables);
                  Ostrel_SetBoxIndex(GetDlgItem(tables, ids::kTablePage.tables),
                                     Ostrel_FindBoxEntry(GetDlgItem(tables, ids::kTablePage.tables), u"Customers", 0, 0));
                  shoot(shown.window, "1-table");
                  press(WIZZARD_ID_NEXT);
-                 GtkWidget *list = widgetOf(pageWith(frame, ids::kFieldsPage.fields), ids::kFieldsPage.fields);
+                 GtkWidget *list = widgetOf(pageHolding(frame, ids::kFieldsPage.fields), ids::kFieldsPage.fields);
                  ASSERT_NE(list, nullptr);
                  later(200, [&, list] {
                      shoot(frameWindow, "2-columns");
@@ -94,7 +67,9 @@ TEST_P(GtkRendererExportWizard, EveryPageTheContextMenuAndTheFieldDialog) {
                  later(150, [&, menu = shown.window] {
                      shoot(frameWindow, "2-columns-menu"); // the menu lies over the page
                      automation::pressKey(menu, GDK_KEY_Escape);
-                     later(150, [&] { clickControl(pageWith(frame, ids::kFieldsPage.edit), ids::kFieldsPage.edit); });
+                     later(150, [&] {
+                         clickControl(pageHolding(frame, ids::kFieldsPage.edit), ids::kFieldsPage.edit);
+                     });
                  });
              },
              [&](const automation::Shown &shown) {
@@ -103,7 +78,7 @@ TEST_P(GtkRendererExportWizard, EveryPageTheContextMenuAndTheFieldDialog) {
                  automation::pressKey(shown.window, GDK_KEY_Escape);
                  later(200, [&] {
                      press(WIZZARD_ID_NEXT);
-                     HWND conditions = pageWith(frame, ids::kConditionPage.column1);
+                     HWND conditions = pageHolding(frame, ids::kConditionPage.column1);
                      Ostrel_SetBoxIndex(GetDlgItem(conditions, ids::kConditionPage.column1),
                                         Ostrel_FindBoxEntry(GetDlgItem(conditions, ids::kConditionPage.column1),
                                                             u"Country", 0, 0));
@@ -123,8 +98,7 @@ TEST_P(GtkRendererExportWizard, EveryPageTheContextMenuAndTheFieldDialog) {
     EXPECT_EQ(shownCount(), 3u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererExportWizard, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererExportWizard);
 
 } // namespace
 } // namespace tabra::test

@@ -15,6 +15,8 @@
 #include "platform/resources/resource_script_file.h"
 #include "platform/window/renderer_selection.h"
 #include "platform/window/window_registry.h"
+#include "support/odbc_handles.h"
+#include "support/private_data_sources.h"
 #include "support/scoped_environment.h"
 #include "tabra_window.h"
 
@@ -194,6 +196,32 @@ private:
     std::vector<std::function<void(const gtk::automation::Shown &)>> acts_;
     std::size_t next_ = 0;
 };
+
+// A GTK renderer test run in each shipped language ("en", "de"), named by it.
+class GtkRendererLanguageTest : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+#define TABRA_INSTANTIATE_LANGUAGE_TEST(suite)                                                                         \
+    INSTANTIATE_TEST_SUITE_P(Languages, suite, ::testing::Values("en", "de"),                                          \
+                             [](const ::testing::TestParamInfo<std::string> &info) { return info.param; })
+
+// A language test on a fresh SQLite database that the statements set up.
+class GtkRendererSqliteTest : public GtkRendererLanguageTest {
+protected:
+    void setUpDatabase(const std::vector<std::u16string> &statements) {
+        GtkRendererTest::SetUp();
+        if (IsSkipped()) return;
+        PrivateDataSources::instance().freshSqliteDatabase();
+        connection_.emplace(dsn::SQLite);
+        executeAll(*connection_, statements);
+    }
+    std::optional<OdbcConnection> connection_;
+};
+
+// The wizard frame's page that holds the control: any page, or only the one shown.
+inline HWND pageHolding(HWND frame, int32_t control, bool shownOnly = false) {
+    for (HWND child = GetWindow(frame, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if ((!shownOnly || IsWindowVisible(child)) && GetDlgItem(child, control)) return child;
+    return nullptr;
+}
 
 } // namespace tabra::test
 

@@ -35,24 +35,12 @@ HWND visibleControl(HWND parent, int32_t id) {
     return nullptr;
 }
 
-class GtkRendererImportWizard : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {
+class GtkRendererImportWizard : public GtkRendererLanguageTest {
 protected:
     void SetUp() override {
         GtkRendererTest::SetUp();
         if (IsSkipped()) return;
-        language_.emplace("ZUL_LANGUAGE", GetParam().c_str());
-        reload();
-    }
-    void TearDown() override {
-        if (language_) {
-            language_.reset();
-            reload();
-        }
-        GtkRendererTest::TearDown();
-    }
-    static void reload() {
-        tabra::module::moduleEntryPoint(tabra::module::ProcessDetach);
-        tabra::module::moduleEntryPoint(tabra::module::ProcessAttach);
+        language_.emplace(GetParam());
     }
     static void remember(const char16_t *value, const std::u16string &text) {
         Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, tabra::module::kRegistryRoot, 0, importing::kRegistryKey,
@@ -99,7 +87,7 @@ protected:
 
     ScopedRegistryRoot registry_;
     TemporaryDirectory folder_;
-    std::optional<ScopedEnvironmentVariable> language_;
+    std::optional<ScopedLanguage> language_;
     std::unique_ptr<OdbcConnection> connection_;
 };
 
@@ -131,7 +119,7 @@ TEST_P(GtkRendererImportWizard, EveryPageAndTheFieldDialog) {
                                       ids::kMappingPage.id});
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererImportWizard, ::testing::Values("en", "de"));
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererImportWizard);
 
 } // namespace
 

@@ -21,7 +21,7 @@ namespace {
 
 namespace ids = admin::object_chooser::ids;
 
-class GtkRendererObjectChooser : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+class GtkRendererObjectChooser : public GtkRendererLanguageTest {};
 
 TEST_P(GtkRendererObjectChooser, ShowsEachPage) {
     ScopedRegistryRoot registry;
@@ -57,8 +57,7 @@ TEST_P(GtkRendererObjectChooser, ShowsEachPage) {
     EXPECT_EQ(shownCount(), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererObjectChooser, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererObjectChooser);
 
 } // namespace
 } // namespace tabra::test

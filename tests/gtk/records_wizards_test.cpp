@@ -31,28 +31,19 @@ struct Step {
     std::function<void(HWND page)> fill;
 };
 
-class GtkRendererRecordsWizards : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {
+class GtkRendererRecordsWizards : public GtkRendererSqliteTest {
 protected:
     void SetUp() override {
-        GtkRendererTest::SetUp();
+        setUpDatabase({u"CREATE TABLE rw_orders (id INTEGER, \"Ship City\" VARCHAR(30), note VARCHAR(40))",
+                       u"INSERT INTO rw_orders VALUES (1, 'Berlin', NULL)",
+                       u"INSERT INTO rw_orders VALUES (2, 'Bonn', NULL)",
+                       u"INSERT INTO rw_orders VALUES (3, 'Berlin', NULL)",
+                       u"CREATE TABLE rw_other (id INTEGER, label VARCHAR(20))"});
         if (IsSkipped()) return;
-        PrivateDataSources::instance().freshSqliteDatabase();
-        connection_.emplace(dsn::SQLite);
-        executeAll(*connection_, {u"CREATE TABLE rw_orders (id INTEGER, \"Ship City\" VARCHAR(30), note VARCHAR(40))",
-                                  u"INSERT INTO rw_orders VALUES (1, 'Berlin', NULL)",
-                                  u"INSERT INTO rw_orders VALUES (2, 'Bonn', NULL)",
-                                  u"INSERT INTO rw_orders VALUES (3, 'Berlin', NULL)",
-                                  u"CREATE TABLE rw_other (id INTEGER, label VARCHAR(20))"});
-        language_.emplace("ZUL_LANGUAGE", GetParam().c_str());
-        module::moduleEntryPoint(module::ProcessDetach);
-        module::moduleEntryPoint(module::ProcessAttach);
+        language_.emplace(GetParam());
     }
     void TearDown() override {
-        if (language_) {
-            language_.reset();
-            module::moduleEntryPoint(module::ProcessDetach);
-            module::moduleEntryPoint(module::ProcessAttach);
-        }
+        language_.reset();
         connection_.reset();
         GtkRendererTest::TearDown();
     }
@@ -116,8 +107,7 @@ protected:
     }
 
     std::vector<Step> steps_;
-    std::optional<OdbcConnection> connection_;
-    std::optional<ScopedEnvironmentVariable> language_;
+    std::optional<ScopedLanguage> language_;
 };
 
 TEST_P(GtkRendererRecordsWizards, DeletePagesOneByOne) {
@@ -148,8 +138,7 @@ TEST_P(GtkRendererRecordsWizards, UpdatePagesOneByOne) {
     EXPECT_EQ(queryValue(*connection_, u"SELECT Count(*) FROM rw_orders WHERE note = 'checked'"), u"2");
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererRecordsWizards, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererRecordsWizards);
 
 } // namespace
 } // namespace tabra::test

@@ -14,7 +14,7 @@ namespace {
 
 using query::select_wizard::ids::kSelectWizardDialog;
 
-class GtkRendererSelectWizard : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+class GtkRendererSelectWizard : public GtkRendererLanguageTest {};
 
 TEST_P(GtkRendererSelectWizard, ShowsAStatementReadBack) {
     ScopedLanguage language(GetParam());
@@ -38,8 +38,7 @@ TEST_P(GtkRendererSelectWizard, ShowsAStatementReadBack) {
     EXPECT_EQ(std::u16string(statement), u"SELECT OrderID,OrderDate,Freight FROM Orders ORDER BY OrderDate");
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererSelectWizard, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererSelectWizard);
 
 } // namespace
 } // namespace tabra::test

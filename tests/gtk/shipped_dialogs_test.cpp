@@ -19,7 +19,7 @@ INT_PTR closingProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lP
     return kClosing.answer(dialog, message, wParam, lParam);
 }
 
-class GtkRendererShippedDialogs : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+class GtkRendererShippedDialogs : public GtkRendererLanguageTest {};
 
 TEST_P(GtkRendererShippedDialogs, TextsFitTheirControls) {
     HMODULE library = loadShippedResources(GetParam());
@@ -42,8 +42,7 @@ TEST_P(GtkRendererShippedDialogs, TextsFitTheirControls) {
     tabra::platform::releaseResourceModule(library);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererShippedDialogs, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererShippedDialogs);
 
 } // namespace
 

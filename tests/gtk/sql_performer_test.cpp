@@ -23,7 +23,7 @@ namespace automation = gtk::automation;
 
 int rowCount(GtkWidget *list) { return gtk_tree_model_iter_n_children(gtk_tree_view_get_model(GTK_TREE_VIEW(list)), nullptr); }
 
-class GtkRendererSqlPerformer : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+class GtkRendererSqlPerformer : public GtkRendererLanguageTest {};
 
 TEST_P(GtkRendererSqlPerformer, ShowsTheHistoryAndTakesAnExampleFromTheHelp) {
     ScopedRegistryRoot registry;
@@ -71,8 +71,7 @@ TEST_P(GtkRendererSqlPerformer, ShowsTheHistoryAndTakesAnExampleFromTheHelp) {
     EXPECT_EQ(taken, u"CREATE VIEW viewname AS SELECT * FROM Table WHERE Name='Schmidt' ORDER BY Name");
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererSqlPerformer, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererSqlPerformer);
 
 } // namespace
 } // namespace tabra::test

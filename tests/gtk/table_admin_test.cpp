@@ -19,7 +19,7 @@ namespace automation = gtk::automation;
 
 int rowCount(GtkWidget *list) { return gtk_tree_model_iter_n_children(gtk_tree_view_get_model(GTK_TREE_VIEW(list)), nullptr); }
 
-class GtkRendererTableAdmin : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+class GtkRendererTableAdmin : public GtkRendererLanguageTest {};
 
 TEST_P(GtkRendererTableAdmin, ShowsTheColumnsAndTheDialogsOfEachChange) {
     ScopedRegistryRoot registry;
@@ -76,8 +76,7 @@ TEST_P(GtkRendererTableAdmin, ShowsTheColumnsAndTheDialogsOfEachChange) {
     EXPECT_EQ(shownCount(), 4u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererTableAdmin, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererTableAdmin);
 
 } // namespace
 } // namespace tabra::test

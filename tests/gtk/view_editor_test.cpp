@@ -12,7 +12,7 @@ namespace {
 
 namespace ids = query::ids;
 
-class GtkRendererViewEditor : public GtkRendererTest, public ::testing::WithParamInterface<std::string> {};
+class GtkRendererViewEditor : public GtkRendererLanguageTest {};
 
 TEST_P(GtkRendererViewEditor, Dialog) {
     const std::string language = GetParam();
@@ -31,8 +31,7 @@ TEST_P(GtkRendererViewEditor, Dialog) {
     EXPECT_EQ(shownCount(), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GtkRendererViewEditor, ::testing::Values("en", "de"),
-                         [](const ::testing::TestParamInfo<std::string> &info) { return info.param; });
+TABRA_INSTANTIATE_LANGUAGE_TEST(GtkRendererViewEditor);
 
 } // namespace
 } // namespace tabra::test

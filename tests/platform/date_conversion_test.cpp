@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -152,25 +153,6 @@ TEST_F(DateConversion, UserFormatRoundTripsInEveryOrder) {
     }
 }
 
-TEST_F(DateConversion, WritersRefuseInvalidValuesAndShortBuffers) {
-    char16_t buffer[32] = u"untouched";
-    const DateTimeStruct february30 = date(2024, 2, 30);
-    EXPECT_EQ(DateTimeStruct_To_FormattedDate(&february30, buffer, 32, 0), 0);
-    EXPECT_EQ(buffer[0], u'\0');
-    const DateTimeStruct value = date(2024, 3, 5);
-    EXPECT_EQ(DateTimeStruct_To_FormattedDate(&value, buffer, 11, 0), 1); // "05.03.2024" fits exactly
-    EXPECT_EQ(std::u16string(buffer), u"05.03.2024");
-    EXPECT_EQ(DateTimeStruct_To_FormattedDate(&value, buffer, 10, 0), 0); // never a cut date
-    EXPECT_EQ(buffer[0], u'\0');
-    EXPECT_EQ(DateTimeStruct_To_FormattedDate(nullptr, buffer, 32, 0), 0);
-    EXPECT_EQ(DateTimeStruct_To_FormattedDate(&value, nullptr, 32, 0), 0);
-    EXPECT_EQ(DateTimeStruct_To_OdbcTimeStamp(&value, buffer, 0), 0);
-    DateTimeStruct badTime = dateTime(2024, 3, 5, 24, 0, 0);
-    EXPECT_EQ(DateTimeStruct_To_OdbcTimeStamp(&badTime, buffer, 32), 0);
-    badTime = dateTime(2024, 3, 5, 1, 0, 0, 1000000000u);
-    EXPECT_EQ(DateTimeStruct_To_OdbcDateConstant(&badTime, buffer, 32), 0);
-}
-
 TEST_F(DateConversion, ReadsOdbcTimestampsAsDriversSendThem) {
     EXPECT_EQ(parseOdbc(u"2024-01-05 10:11:12"), dateTime(2024, 1, 5, 10, 11, 12));
     EXPECT_EQ(parseOdbc(u"2024-01-05 10:11:12.123"), dateTime(2024, 1, 5, 10, 11, 12, 123000000));
@@ -194,31 +176,61 @@ TEST_F(DateConversion, RefusesBrokenOdbcTimestamps) {
     EXPECT_EQ(OdbcTimeStamp_To_DateTimeStruct(nullptr, &value), 0);
 }
 
-TEST_F(DateConversion, WritesOdbcTimestampsAndConstants) {
-    char16_t buffer[40];
-    const DateTimeStruct day = date(2024, 3, 5);
-    const DateTimeStruct moment = dateTime(2024, 3, 5, 14, 7, 9);
-    const DateTimeStruct precise = dateTime(2024, 3, 5, 14, 7, 9, 500000000);
-
-    ASSERT_EQ(DateTimeStruct_To_OdbcTimeStamp(&day, buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"2024-03-05 00:00:00");
-    ASSERT_EQ(DateTimeStruct_To_OdbcTimeStamp(&precise, buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"2024-03-05 14:07:09.5");
-
-    ASSERT_EQ(DateTimeStruct_To_OdbcDateConstant(&day, buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"{d '2024-03-05'}");
-    ASSERT_EQ(DateTimeStruct_To_OdbcDateConstant(&moment, buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"{ts '2024-03-05 14:07:09'}");
-    // "{d '2024-03-05'}" is 16 characters: capacity 17 fits, 16 does not.
-    EXPECT_EQ(DateTimeStruct_To_OdbcDateConstant(&day, buffer, 17), 1);
-    EXPECT_EQ(DateTimeStruct_To_OdbcDateConstant(&day, buffer, 16), 0);
-
+// Each writer with the value, capacity and text it gives; a refused value writes no text
+// (expected nullptr), and the user's format then leaves an empty buffer (expected u"").
+TEST_F(DateConversion, WritersGiveTheirTextOrRefuse) {
+    using Writer = std::function<int32_t(const DateTimeStruct *, char16_t *, int32_t)>;
+    const Writer user = [](const DateTimeStruct *v, char16_t *out, int32_t capacity) {
+        return DateTimeStruct_To_FormattedDate(v, out, capacity, 0);
+    };
+    const Writer timestamp = DateTimeStruct_To_OdbcTimeStamp, constant = DateTimeStruct_To_OdbcDateConstant;
+    auto pattern = [](const char16_t *text) -> Writer {
+        return [text](const DateTimeStruct *v, char16_t *out, int32_t capacity) {
+            return DateTimeStruct_To_PatternText(v, text, out, capacity);
+        };
+    };
     DateTimeStruct timeOnly{};
     timeOnly.Hour = 9, timeOnly.HasTime = 1;
-    ASSERT_EQ(DateTimeStruct_To_OdbcDateConstant(&timeOnly, buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"{t '09:00:00'}");
-    ASSERT_EQ(DateTimeStruct_To_FormattedDate(&timeOnly, buffer, 40, 0), 1);
-    EXPECT_EQ(std::u16string(buffer), u"09:00:00");
+    const DateTimeStruct day = date(2024, 3, 5), moment = dateTime(2024, 3, 5, 14, 7, 9);
+    const DateTimeStruct early = dateTime(2024, 3, 5, 7, 8, 9);
+    struct Case {
+        Writer write;
+        DateTimeStruct value;
+        int32_t capacity;
+        const char16_t *expected;
+    };
+    const Case cases[] = {
+        {user, date(2024, 2, 30), 32, u""},
+        {user, day, 11, u"05.03.2024"}, // fits exactly
+        {user, day, 10, u""},           // never a cut date
+        {user, timeOnly, 40, u"09:00:00"},
+        {timestamp, day, 40, u"2024-03-05 00:00:00"},
+        {timestamp, dateTime(2024, 3, 5, 14, 7, 9, 500000000), 40, u"2024-03-05 14:07:09.5"},
+        {timestamp, day, 0, nullptr},
+        {timestamp, dateTime(2024, 3, 5, 24, 0, 0), 32, nullptr},
+        {constant, day, 40, u"{d '2024-03-05'}"},
+        {constant, moment, 40, u"{ts '2024-03-05 14:07:09'}"},
+        {constant, day, 17, u"{d '2024-03-05'}"}, // 16 characters: capacity 17 fits, 16 does not
+        {constant, day, 16, nullptr},
+        {constant, timeOnly, 40, u"{t '09:00:00'}"},
+        {constant, dateTime(2024, 3, 5, 1, 0, 0, 1000000000u), 32, nullptr},
+        {pattern(u"%D1.%M1.%Y2"), early, 40, u"5.3.24"},
+        {pattern(u"%D2/%M2/%Y4 %h2:%m2:%s2"), early, 40, u"05/03/2024 07:08:09"},
+        {pattern(u"%D1.%M1.%Y2"), date(2000, 12, 31), 40, u"31.12.00"},
+        {pattern(u"100% %X1 %D"), early, 40, u"100% %X1 %D"}, // unknown codes and a lone "%" are copied
+        {pattern(nullptr), early, 40, nullptr},
+        {pattern(u"%Y4"), early, 4, nullptr},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.value << " capacity " << c.capacity);
+        char16_t buffer[40] = u"untouched";
+        const bool written = c.expected != nullptr && *c.expected != u'\0';
+        EXPECT_EQ(c.write(&c.value, buffer, c.capacity), written ? 1 : 0);
+        if (c.expected) EXPECT_EQ(std::u16string(buffer), c.expected);
+    }
+    char16_t buffer[32];
+    EXPECT_EQ(DateTimeStruct_To_FormattedDate(nullptr, buffer, 32, 0), 0);
+    EXPECT_EQ(DateTimeStruct_To_FormattedDate(&day, nullptr, 32, 0), 0);
 }
 
 TEST_F(DateConversion, UserDateBecomesAnOdbcConstant) {
@@ -228,23 +240,6 @@ TEST_F(DateConversion, UserDateBecomesAnOdbcConstant) {
     char16_t buffer[40];
     ASSERT_EQ(DateTimeStruct_To_OdbcDateConstant(&value, buffer, 40), 1);
     EXPECT_EQ(std::u16string(buffer), u"{d '2024-02-01'}");
-}
-
-TEST_F(DateConversion, PatternWriter) {
-    char16_t buffer[40];
-    const DateTimeStruct value = dateTime(2024, 3, 5, 7, 8, 9);
-    ASSERT_EQ(DateTimeStruct_To_PatternText(&value, u"%D1.%M1.%Y2", buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"5.3.24");
-    ASSERT_EQ(DateTimeStruct_To_PatternText(&value, u"%D2/%M2/%Y4 %h2:%m2:%s2", buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"05/03/2024 07:08:09");
-    const DateTimeStruct millennium = date(2000, 12, 31);
-    ASSERT_EQ(DateTimeStruct_To_PatternText(&millennium, u"%D1.%M1.%Y2", buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"31.12.00");
-    // Unknown codes and a lone "%" at the end are copied.
-    ASSERT_EQ(DateTimeStruct_To_PatternText(&value, u"100% %X1 %D", buffer, 40), 1);
-    EXPECT_EQ(std::u16string(buffer), u"100% %X1 %D");
-    EXPECT_EQ(DateTimeStruct_To_PatternText(&value, nullptr, buffer, 40), 0);
-    EXPECT_EQ(DateTimeStruct_To_PatternText(&value, u"%Y4", buffer, 4), 0);
 }
 
 } // namespace

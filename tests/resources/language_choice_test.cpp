@@ -185,20 +185,12 @@ TEST(ResourceLibraryLoader, ProcessLoaderReadsTheEnvironmentAndTheDirectoryOverr
     tree.write("de/tabraRes.rc", scriptWithString(1, "de"));
     tree.write("en/tabraRes.rc", scriptWithString(1, "en"));
     tabra::test::ScopedEnvironmentVariable directory("TABRA_RESOURCE_DIR", tree.path().c_str()); // no trailing slash
-    {
-        tabra::test::ScopedEnvironmentVariable language("ZUL_LANGUAGE", "de");
-        ResourceLibraryLoad load =
-            tabra::platform::loadResourceLibrary("tabraRes.rc", tabra::platform::ownLibraryImage());
+    tabra::test::ScopedEnvironmentVariable all("LC_ALL", "C.UTF-8");
+    for (const auto &[zul, loaded] : {std::pair{"de", u"de"}, std::pair{static_cast<const char *>(nullptr), u"en"}}) {
+        tabra::test::ScopedEnvironmentVariable language("ZUL_LANGUAGE", zul);
+        ResourceLibraryLoad load = tabra::platform::loadResourceLibrary("tabraRes.rc", tabra::platform::ownLibraryImage());
         LoadedLibrary library(load.module);
-        EXPECT_EQ(marker(load.module), u"de");
-    }
-    {
-        tabra::test::ScopedEnvironmentVariable language("ZUL_LANGUAGE", nullptr);
-        tabra::test::ScopedEnvironmentVariable all("LC_ALL", "C.UTF-8");
-        ResourceLibraryLoad load =
-            tabra::platform::loadResourceLibrary("tabraRes.rc", tabra::platform::ownLibraryImage());
-        LoadedLibrary library(load.module);
-        EXPECT_EQ(marker(load.module), u"en");
+        EXPECT_EQ(marker(load.module), loaded) << (zul ? zul : "no ZUL_LANGUAGE");
     }
 }
 

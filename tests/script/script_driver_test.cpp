@@ -45,13 +45,9 @@ protected:
 };
 
 TEST_F(ScriptDriver, ActionsFillTheDialogAndTheClosingTextsAreRecorded) {
-    queue("dialog 103: select 1004 \"orders\"");
-    queue("dialog 103: set 1002 \"scott\"");
-    queue("dialog 103: type 1003 \"tiger\"");
-    queue("dialog 103: expect 1002 \"scott\"");
-    queue("dialog 103: click 1");
-    EXPECT_EQ(runDialog(module, 103, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 103: select 1004 \"orders\"", "dialog 103: set 1002 \"scott\"", "dialog 103: type 1003 \"tiger\"",
+          "dialog 103: expect 1002 \"scott\"", "dialog 103: click 1");
+    EXPECT_EQ(runScripted(module, 103, procedure), IDOK);
     int32_t closed = TabraScript_FindRecord(TABRA_RECORD_DIALOG_CLOSED, 103, 0);
     ASSERT_GE(closed, 0);
     TabraScriptRecord record{};
@@ -109,20 +105,17 @@ TEST_F(ScriptDriver, ActionsThatNoUserCouldDoFailTheRun) {
     ASSERT_FALSE(failures.empty());
     EXPECT_EQ(std::u16string(failures[0].text), u"\"dialog 103: click 1\": button 1 is disabled");
 
-    TabraScript_Begin();
-    queue("dialog 103: select 1004 \"Nowhere\"");
-    EXPECT_EQ(runDialog(module, 103, procedure), IDCANCEL);
-    EXPECT_NE(report().find("list box 1004 has no entry \"Nowhere\""), std::string::npos) << report();
-
-    TabraScript_Begin();
-    queue("dialog 103: click 4711");
-    runDialog(module, 103, procedure);
-    EXPECT_NE(report().find("has no control 4711"), std::string::npos) << report();
-
-    TabraScript_Begin();
-    queue("dialog 103: expect 1002 \"scott\"");
-    runDialog(module, 103, procedure);
-    EXPECT_NE(report().find("edit 1002 shows \"\", not \"scott\""), std::string::npos) << report();
+    const struct {
+        const char *line, *failure;
+    } cases[] = {{"dialog 103: select 1004 \"Nowhere\"", "list box 1004 has no entry \"Nowhere\""},
+                 {"dialog 103: click 4711", "has no control 4711"},
+                 {"dialog 103: expect 1002 \"scott\"", "edit 1002 shows \"\", not \"scott\""}};
+    for (const auto &c : cases) {
+        TabraScript_Begin();
+        queue(c.line);
+        EXPECT_EQ(runDialog(module, 103, procedure), IDCANCEL) << c.line;
+        EXPECT_NE(report().find(c.failure), std::string::npos) << report();
+    }
 }
 
 TEST_F(ScriptDriver, CallbacksSeeTheDialogInTheMiddleOfTheRun) {
@@ -137,10 +130,8 @@ TEST_F(ScriptDriver, CallbacksSeeTheDialogInTheMiddleOfTheRun) {
         seen->user = windowText(GetDlgItem(dialog, 1002));
         SetDlgItemTextW(dialog, 1003, u"set by the callback");
     }, &observed);
-    queue("dialog 103: expect 1003 \"set by the callback\"");
-    queue("dialog 103: click 2");
-    EXPECT_EQ(runDialog(module, 103, procedure), IDCANCEL);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 103: expect 1003 \"set by the callback\"", "dialog 103: click 2");
+    EXPECT_EQ(runScripted(module, 103, procedure), IDCANCEL);
     EXPECT_EQ(observed.entries, 3);
     EXPECT_EQ(observed.user, u"scott");
 }
@@ -153,8 +144,7 @@ TEST_F(ScriptDriver, ScriptFilesAreLoadedWholeOrNotAtAll) {
         file << "# a comment\n\ndialog 103: set 1002 \"a\\\"b\"\n  dialog 103: click 1\n";
     }
     EXPECT_EQ(TabraScript_LoadFile(path.c_str()), 2);
-    EXPECT_EQ(runDialog(module, 103, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    EXPECT_EQ(runScripted(module, 103, procedure), IDOK);
     {
         std::ofstream file(path);
         file << "dialog 103: click 1\nmessage 1702: answer perhaps\n";

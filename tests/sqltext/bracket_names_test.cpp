@@ -85,27 +85,23 @@ TEST(NameParts, StripBracketsTrimsBlanksOfEachPart) {
 }
 
 TEST(NameParts, ParseSchemaAndTableWithoutConnection) {
-    char16_t schema[20], table[20];
-    Tabra_ParseSchemaAndTable(nullptr, u"dbo.Orders", schema, 20, table, 20);
-    EXPECT_EQ(std::u16string(schema), u"dbo");
-    EXPECT_EQ(std::u16string(table), u"Orders");
-    Tabra_ParseSchemaAndTable(nullptr, u"a.b.c", schema, 20, table, 20);
-    EXPECT_EQ(std::u16string(table), u"b");
-    Tabra_ParseSchemaAndTable(nullptr, u"Orders", schema, 20, table, 20);
-    EXPECT_EQ(std::u16string(schema), u"");
-    EXPECT_EQ(std::u16string(table), u"Orders");
-    Tabra_ParseSchemaAndTable(nullptr, nullptr, schema, 20, table, 20);
-    EXPECT_EQ(std::u16string(table), u"");
-    // Sizes below 2 write nothing at all.
-    std::u16string(u"keep").copy(table, 4);
-    table[4] = u'\0';
-    Tabra_ParseSchemaAndTable(nullptr, u"dbo.Orders", schema, 1, table, 20);
-    EXPECT_EQ(std::u16string(table), u"keep");
-    // Bounded copies.
-    char16_t shortSchema[3];
-    Tabra_ParseSchemaAndTable(nullptr, u"sales.Orders", shortSchema, 3, table, 4);
-    EXPECT_EQ(std::u16string(shortSchema), u"sa");
-    EXPECT_EQ(std::u16string(table), u"Ord");
+    const struct {
+        const char16_t *name;
+        int32_t schemaSize, tableSize;
+        const char16_t *schema, *table; // schema nullptr: not looked at
+    } cases[] = {
+        {u"dbo.Orders", 20, 20, u"dbo", u"Orders"}, {u"a.b.c", 20, 20, nullptr, u"b"},
+        {u"Orders", 20, 20, u"", u"Orders"},        {nullptr, 20, 20, nullptr, u""},
+        {u"dbo.Orders", 1, 20, nullptr, u"keep"}, // sizes below 2 write nothing at all
+        {u"sales.Orders", 3, 4, u"sa", u"Ord"},   // bounded copies
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(::testing::Message() << (c.name ? "" : "(null) ") << c.schemaSize << " " << c.tableSize);
+        char16_t schema[20] = u"keep", table[20] = u"keep";
+        Tabra_ParseSchemaAndTable(nullptr, c.name, schema, c.schemaSize, table, c.tableSize);
+        if (c.schema) { EXPECT_EQ(std::u16string(schema), c.schema); }
+        EXPECT_EQ(std::u16string(table), c.table);
+    }
 }
 
 std::u16string format(int32_t size, const char16_t *fmt, const char16_t *a1 = nullptr, const char16_t *a2 = nullptr,

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace tabra::test {
 namespace {
@@ -69,25 +70,19 @@ TEST_P(IdentifierQuotingTest, PreparesWithTheDatabasesQuoteCharacter) {
     EXPECT_EQ(std::u16string(reserved), wrap(u"Order"));
     char16_t quoted[40] = u"Order Details";
     Tabra_QuoteNameIfNotPureSql(h, quoted, 40);
-    EXPECT_EQ(std::u16string(quoted), q + u"Order Details" + q);
+    EXPECT_EQ(std::u16string(quoted), orderDetails);
     Tabra_QuoteNameIfNotPureSql(h, quoted, 40); // no stripping: quoted again
     EXPECT_EQ(std::u16string(quoted), q + q + u"Order Details" + q + q);
 
-    char16_t stripped[60];
-    std::u16string(u" dbo . " + q + u"Order Details" + q + u" ").copy(stripped, 59);
-    stripped[std::u16string(u" dbo . " + q + u"Order Details" + q + u" ").size()] = u'\0';
-    Tabra_StripDelimitersFromName(h, stripped);
-    EXPECT_EQ(std::u16string(stripped), u"dbo.Order Details");
+    std::u16string stripped = u" dbo . " + orderDetails + u" ";
+    Tabra_StripDelimitersFromName(h, stripped.data());
+    EXPECT_EQ(std::u16string(stripped.c_str()), u"dbo.Order Details");
 
     char16_t schema[50], table[50];
     Tabra_ParseSchemaAndTable(h, u"dbo.Orders", schema, 50, table, 50);
-    if (backend() == Backend::PostgreSQL) {
-        EXPECT_EQ(std::u16string(schema), u"dbo");
-        EXPECT_EQ(std::u16string(table), u"Orders");
-    } else {
-        EXPECT_EQ(std::u16string(schema), u"");
-        EXPECT_EQ(std::u16string(table), u"dbo.Orders");
-    }
+    const bool schemas = backend() == Backend::PostgreSQL;
+    EXPECT_EQ(std::u16string(schema), schemas ? u"dbo" : u"");
+    EXPECT_EQ(std::u16string(table), schemas ? u"Orders" : u"dbo.Orders");
 }
 
 TEST_P(IdentifierQuotingTest, PreparedNamesReachTheRightTables) {
@@ -205,16 +200,14 @@ TEST_F(IdentifierQuotingTestDriverTest, SmallBuffersAreCutButNeverOverrun) {
     EXPECT_EQ(prepared.substr(0, 3), u"\"z ");
     Tabra_PrepareNameForSql92(h, u"x", nullptr, 10, 0); // null destination: nothing
 
-    char16_t list[12] = u"ab\tcd\tef";
-    std::fill(list + 9, list + 12, u'#');
-    Tabra_PrepareNameListForSql92(h, list, 9, u'\t', u',');
-    EXPECT_EQ(std::u16string(list), u"ab,cd,ef");
-    EXPECT_EQ(list[9], u'#');
-    char16_t tight[8] = u"ab\tcd";
-    std::fill(tight + 6, tight + 8, u'#');
-    Tabra_PrepareNameListForSql92(h, tight, 5, u'\t', u',');
-    EXPECT_EQ(std::u16string(tight), u"ab,c");
-    EXPECT_EQ(tight[6], u'#');
+    // A list prepared in place, in a buffer guarded past the text and its terminator.
+    for (const auto &[text, capacity, prepared] :
+         {std::tuple{u"ab\tcd\tef", 9, u"ab,cd,ef"}, std::tuple{u"ab\tcd", 5, u"ab,c"}}) {
+        std::u16string list = std::u16string(text) + u'\0' + u"###";
+        Tabra_PrepareNameListForSql92(h, list.data(), capacity, u'\t', u',');
+        EXPECT_EQ(std::u16string(list.c_str()), prepared);
+        EXPECT_EQ(list.substr(list.size() - 3), u"###");
+    }
 }
 
 } // namespace

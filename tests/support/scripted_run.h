@@ -24,8 +24,9 @@ public:
     ScriptedRun(const ScriptedRun &) = delete;
     ScriptedRun &operator=(const ScriptedRun &) = delete;
 
-    // Queues one script line; a line that is not an action fails the test.
-    void queue(const std::string &line) const {
+    // Queues script lines in order; a line that is not an action fails the test.
+    template <class... Lines> void queue(const Lines &...lines) const { (queueLine(lines), ...); }
+    void queueLine(const std::string &line) const {
         if (TabraScript_QueueUtf8(line.c_str()) == 1) return;
         char error[512];
         TabraScript_LastError(error, sizeof error);

@@ -40,11 +40,8 @@ protected:
 };
 
 TEST_F(ButtonControl, ClickingARadioButtonUnchecksOnlyItsGroup) {
-    queue("dialog 300: click 1004");
-    queue("dialog 300: check 1017");
-    queue("dialog 300: click 1");
-    EXPECT_EQ(runDialog(module, 300, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 300: click 1004", "dialog 300: check 1017", "dialog 300: click 1");
+    EXPECT_EQ(runScripted(module, 300, procedure), IDOK);
     EXPECT_EQ(checkedAtEnd, (std::vector<int32_t>{1017, 1004}));
     EXPECT_EQ(clicked, (std::vector<SeenCommand>{{1004, BN_CLICKED}, {1017, BN_CLICKED}, {IDOK, BN_CLICKED}}));
 }
@@ -58,13 +55,9 @@ TEST_F(ButtonControl, CheckingWhatIsCheckedDoesNothingAndRadiosCannotBeUnchecked
 }
 
 TEST_F(ButtonControl, AutoCheckBoxesToggleManualOnesAskTheDialog) {
-    queue("dialog 300: check 1026");
-    queue("dialog 300: click 1026");
-    queue("dialog 300: click 1026");
-    queue("dialog 300: check 1040");
-    queue("dialog 300: click 1");
-    EXPECT_EQ(runDialog(module, 300, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 300: check 1026", "dialog 300: click 1026", "dialog 300: click 1026", "dialog 300: check 1040",
+          "dialog 300: click 1");
+    EXPECT_EQ(runScripted(module, 300, procedure), IDOK);
     EXPECT_EQ(checkedAtEnd, (std::vector<int32_t>{1016, 1005, 1026, 1040}));
 }
 

@@ -62,11 +62,8 @@ TEST_F(ComboBox, AnEditableComboKeepsAnyText) {
 TEST_F(ComboBox, UserInputNotifiesByKind) {
     queue("dialog 500: select 1011 \"Born\"");
     queue("dialog 500: set 1011 \"ID\""); // a drop-down list: setting text picks the entry
-    queue("dialog 500: select 1012 #1");
-    queue("dialog 500: type 1012 \"!\"");
-    queue("dialog 500: click 1");
-    EXPECT_EQ(runDialog(module, 500, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 500: select 1012 #1", "dialog 500: type 1012 \"!\"", "dialog 500: click 1");
+    EXPECT_EQ(runScripted(module, 500, procedure), IDOK);
     EXPECT_EQ(listText, u"ID");
     EXPECT_EQ(editText, u"Name!");
     EXPECT_EQ(editSelection, CB_ERR) << "typing leaves the list's entries";

@@ -47,11 +47,8 @@ TEST_F(EditControl, ProgramTextIgnoresTheLimitButTypingStopsAtIt) {
         if (message == WM_INITDIALOG) SendDlgItemMessageW(dialog, 1033, EM_LIMITTEXT, 3, 0);
         return procedure(dialog, message, wParam, lParam);
     };
-    queue("dialog 200: type 1033 \"abcdef\"");
-    queue("dialog 200: set 1034 \"line 1\\r\\nline 2\"");
-    queue("dialog 200: click 1");
-    EXPECT_EQ(runDialog(module, 200, limited), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 200: type 1033 \"abcdef\"", "dialog 200: set 1034 \"line 1\\r\\nline 2\"", "dialog 200: click 1");
+    EXPECT_EQ(runScripted(module, 200, limited), IDOK);
     int32_t closed = TabraScript_FindRecord(TABRA_RECORD_DIALOG_CLOSED, 200, 0);
     char16_t text[32];
     TabraScript_GetRecordControlText(closed, 1033, text, 32);
@@ -78,12 +75,9 @@ TEST_F(EditControl, ReadOnlyEditsRefuseTheUserNotTheProgram) {
         if (message == WM_INITDIALOG) PostWmCommand(dialog, 9, 0);
         return procedure(dialog, message, wParam, lParam);
     };
-    queue("dialog 200: expect 1035 \"from the program\"");
-    queue("dialog 200: type 1035 \"!\"");
-    queue("dialog 200: expect 1035 \"from the program!\"");
-    queue("dialog 200: click 1");
-    EXPECT_EQ(runDialog(module, 200, withButton), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 200: expect 1035 \"from the program\"", "dialog 200: type 1035 \"!\"",
+          "dialog 200: expect 1035 \"from the program!\"", "dialog 200: click 1");
+    EXPECT_EQ(runScripted(module, 200, withButton), IDOK);
 }
 
 TEST_F(EditControl, SettingTextNotifiesSingleLineEditsOnly) {
@@ -125,20 +119,15 @@ TEST_F(EditControl, BackspaceTakesTheSelectionOrOneWholeCharacter) {
 }
 
 TEST_F(EditControl, DigitsOnlyAndUpperCaseFilterTyping) {
-    queue("dialog 200: type 1036 \"1a2\"");
-    queue("dialog 200: type 1037 \"abc\"");
-    queue("dialog 200: expect 1036 \"12\"");
-    queue("dialog 200: expect 1037 \"ABC\"");
-    queue("dialog 200: click 1");
-    EXPECT_EQ(runDialog(module, 200, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 200: type 1036 \"1a2\"", "dialog 200: type 1037 \"abc\"", "dialog 200: expect 1036 \"12\"",
+          "dialog 200: expect 1037 \"ABC\"", "dialog 200: click 1");
+    EXPECT_EQ(runScripted(module, 200, procedure), IDOK);
     EXPECT_EQ(recordsOf(TABRA_RECORD_BEEP).size(), 1u) << "the letter was refused with a beep";
 }
 
 TEST_F(EditControl, EnterInASingleLineEditPressesTheDefaultButton) {
     queue("dialog 200: type 1033 \"done\\n\"");
-    EXPECT_EQ(runDialog(module, 200, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    EXPECT_EQ(runScripted(module, 200, procedure), IDOK);
     EXPECT_EQ(countOf(IDOK, BN_CLICKED), 1);
 }
 

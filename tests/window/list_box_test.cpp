@@ -59,14 +59,9 @@ TEST_F(ListBox, SingleAndMultipleSelectionTakeDifferentMessages) {
 }
 
 TEST_F(ListBox, UserSelectionNotifiesAndDoubleClickFollows) {
-    queue("dialog 400: select 1004 \"gamma\"");
-    queue("dialog 400: select 1005 #1 #3");
-    queue("dialog 400: toggle 1005 #1");
-    queue("dialog 400: toggle 1005 \"Alpha\"");
-    queue("dialog 400: doubleclick 1004 #0");
-    queue("dialog 400: click 1");
-    EXPECT_EQ(runDialog(module, 400, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 400: select 1004 \"gamma\"", "dialog 400: select 1005 #1 #3", "dialog 400: toggle 1005 #1",
+          "dialog 400: toggle 1005 \"Alpha\"", "dialog 400: doubleclick 1004 #0", "dialog 400: click 1");
+    EXPECT_EQ(runScripted(module, 400, procedure), IDOK);
     EXPECT_EQ(single, 0);
     EXPECT_EQ(multiple, (std::vector<int32_t>{0, 3}));
     // The focus follows the user's clicks, and each list says when it gets and loses it.

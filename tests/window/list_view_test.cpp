@@ -143,14 +143,12 @@ TEST_F(ListView, StateChangesNotifyEveryChangedItem) {
 }
 
 TEST_F(ListView, ClicksSelectAndNotifyTheItemUnderThePointer) {
-    queue("dialog 600: select 1002 \"Name\"");
-    queue("dialog 600: doubleclick 1002 #0");
+    queue("dialog 600: select 1002 \"Name\"", "dialog 600: doubleclick 1002 #0");
     queue("dialog 600: rightclick 1002 #0"); // already selected: stays the only one
     queue("dialog 600: toggle 1002 #2");
     queue("dialog 600: rightclick 1002");    // on no item
     queue("dialog 600: click 1");
-    EXPECT_EQ(runDialog(module, 600, procedure), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    EXPECT_EQ(runScripted(module, 600, procedure), IDOK);
     EXPECT_EQ(selectedCount, 2);
     std::vector<Notification> expected{
         {LVN_ITEMCHANGED, 1, kSelectedFocused, 0, 101},
@@ -184,12 +182,9 @@ TEST_F(ListView, CheckBoxesAreStateImagesTheUserChecks) {
         }
         return answer;
     };
-    queue("dialog 600: check 1002 #0");
-    queue("dialog 600: uncheck 1002 \"City\"");
-    queue("dialog 600: rightclick 1002 #3");
-    queue("dialog 600: click 1");
-    EXPECT_EQ(runDialog(module, 600, withChecks), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 600: check 1002 #0", "dialog 600: uncheck 1002 \"City\"", "dialog 600: rightclick 1002 #3",
+          "dialog 600: click 1");
+    EXPECT_EQ(runScripted(module, 600, withChecks), IDOK);
     EXPECT_EQ(checksAtEnd, (std::vector<int32_t>{1, 0, 0, 0}));
     const uint32_t unchecked = INDEXTOSTATEIMAGEMASK(1), checked = INDEXTOSTATEIMAGEMASK(2);
     ASSERT_GE(seen.size(), 2u);

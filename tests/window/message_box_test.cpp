@@ -31,9 +31,7 @@ protected:
 };
 
 TEST_F(MessageBox, InsertsButtonsAndCaptionComeFromTheStrings) {
-    queue("message 1703: answer no");
-    queue("message 1704: answer yes");
-    queue("message: answer ok");
+    queue("message 1703: answer no", "message 1704: answer yes", "message: answer ok");
     EXPECT_EQ(show(1703, u"Price", u"Orders", u"50"), IDNO);
     EXPECT_EQ(show(1704, u"one", nullptr), IDYES);
     EXPECT_EQ(show(1617, u"Empty"), IDOK);

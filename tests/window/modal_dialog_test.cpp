@@ -108,15 +108,13 @@ TEST_F(ModalDialog, NestedDialogMessageBoxDialog) {
     struct Seen {
         HWND active = nullptr, owner = nullptr;
     } seen;
-    queue("dialog 100: click 1");
-    queue("message 1702: answer yes");
+    queue("dialog 100: click 1", "message 1702: answer yes");
     TabraScript_QueueCallback(101, [](HWND dialog, void *context) {
         auto *out = static_cast<Seen *>(context);
         out->active = GetActiveWindow();
         out->owner = GetParent(dialog);
     }, &seen);
-    queue("dialog 101: set 1002 \"Müller\"");
-    queue("dialog 101: click 1");
+    queue("dialog 101: set 1002 \"Müller\"", "dialog 101: click 1");
     EXPECT_EQ(runDialog(module, 100, outer), 7);
     EXPECT_EQ(innerText, u"Müller");
     EXPECT_EQ(seen.owner, outerHandle);

@@ -86,8 +86,7 @@ TEST_F(Prompts, PopupMenusReturnTheChosenCommand) {
     EXPECT_EQ(GetMenuState(menu, 40004, MF_BYCOMMAND) & MF_GRAYED, MF_GRAYED) << "found through the popup";
     EXPECT_EQ(EnableMenuItem(popup, 4711, MF_BYCOMMAND), 0xFFFFFFFFu);
 
-    queue("menu 115: choose 40005");
-    queue("menu: cancel");
+    queue("menu 115: choose 40005", "menu: cancel");
     queue("menu: choose 40004"); // greyed: no user can choose it
     EXPECT_EQ(TrackPopupMenu(popup, TPM_RIGHTBUTTON | TPM_RETURNCMD, 10, 10, 0, nullptr, nullptr), 40005);
     EXPECT_EQ(TrackPopupMenu(popup, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 0);
@@ -119,10 +118,8 @@ TEST_F(Prompts, AMenuWithoutReturnCommandPostsItToTheOwner) {
         }
         return message == WM_COMMAND;
     };
-    queue("dialog 700: rightclick 1002");
-    queue("menu 115: choose 40006");
-    EXPECT_EQ(runDialog(module, 700, procedure), 40006);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 700: rightclick 1002", "menu 115: choose 40006");
+    EXPECT_EQ(runScripted(module, 700, procedure), 40006);
     EXPECT_EQ(commands, (std::vector<int32_t>{40006}));
 }
 
@@ -138,8 +135,7 @@ protected:
 };
 
 TEST_F(FileNameDialog, RemembersTheLastNameChosen) {
-    queue("file: choose \"" + existing + "\"");
-    queue("file: cancel");
+    queue("file: choose \"" + existing + "\"", "file: cancel");
     char16_t name[300] = u"";
     EXPECT_EQ(ask(OSTREL_FILE_SAVE, name, 300), 1);
     EXPECT_EQ(std::u16string(name), u16(existing));

@@ -101,10 +101,8 @@ TEST_F(TabControl, UserChoosesATabAndActsOnItsPage) {
 
 TEST_F(TabControl, TheDialogMayKeepTheCurrentTab) {
     refuseChange = true;
-    queue("dialog 104: select 1004 #1");
-    queue("dialog 104: click 1");
-    EXPECT_EQ(runDialog(module, 104, main), IDOK);
-    EXPECT_FALSE(TabraScript_Failed()) << report();
+    queue("dialog 104: select 1004 #1", "dialog 104: click 1");
+    EXPECT_EQ(runScripted(module, 104, main), IDOK);
     EXPECT_EQ(current, 0);
     EXPECT_EQ(tabNotifications, (std::vector<int32_t>{TCN_SELCHANGING}));
 }

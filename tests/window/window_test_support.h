@@ -23,10 +23,26 @@ namespace tabra::test {
 // A dialog template, control by control (positions do not matter to the engine).
 class DialogBuilder {
 public:
-    explicit DialogBuilder(int32_t id, std::u16string caption = u"Dialog");
+    explicit DialogBuilder(int32_t id, std::u16string caption = u"Dialog") {
+        template_.id = id;
+        template_.caption = std::move(caption);
+        template_.width = 200;
+        template_.height = 100;
+    }
 
     DialogBuilder &control(platform::ControlKind kind, int32_t id, std::u16string text = u"", uint32_t style = 0,
-                           uint32_t extendedStyle = 0);
+                           uint32_t extendedStyle = 0) {
+        platform::ControlTemplate control;
+        control.kind = kind;
+        control.id = id;
+        control.text = std::move(text);
+        control.style = style | WS_CHILD | WS_VISIBLE;
+        control.extendedStyle = extendedStyle;
+        control.width = 50;
+        control.height = 14;
+        template_.controls.push_back(std::move(control));
+        return *this;
+    }
     DialogBuilder &label(std::u16string text) { return control(platform::ControlKind::Static, -1, std::move(text)); }
     DialogBuilder &edit(int32_t id, uint32_t style = 0) { return control(platform::ControlKind::Edit, id, u"", style | WS_TABSTOP); }
     DialogBuilder &button(int32_t id, std::u16string text, uint32_t style = BS_PUSHBUTTON) {
@@ -49,10 +65,22 @@ public:
         return button(IDOK, u"OK", BS_DEFPUSHBUTTON).at(x, y, 50, 14).button(IDCANCEL, u"Cancel").at(x + 54, y, 50, 14);
     }
     // Makes the template a page (WS_CHILD) for tab controls and wizards.
-    DialogBuilder &page();
+    DialogBuilder &page() {
+        template_.childPage = true;
+        template_.style |= WS_CHILD;
+        return *this;
+    }
     // Places the last control added (dialog units); sizes the dialog and gives it a font.
-    DialogBuilder &at(int x, int y, int width, int height);
-    DialogBuilder &size(int width, int height, std::u16string font = u"Sans", int fontSize = 8);
+    DialogBuilder &at(int x, int y, int width, int height) {
+        auto &control = template_.controls.back();
+        control.x = x, control.y = y, control.width = width, control.height = height;
+        return *this;
+    }
+    DialogBuilder &size(int width, int height, std::u16string font = u"Sans", int fontSize = 8) {
+        template_.width = width, template_.height = height, template_.fontSize = fontSize;
+        template_.fontName = std::move(font);
+        return *this;
+    }
 
     const platform::DialogTemplate &get() const { return template_; }
 
@@ -63,14 +91,27 @@ private:
 // A resource library made in memory, freed at the end of the test.
 class TestModule {
 public:
-    TestModule();
-    ~TestModule();
+    TestModule() {
+        auto module = std::make_unique<platform::ResourceModule>();
+        tables_ = &module->tables;
+        handle_ = platform::adoptResourceModule(std::move(module));
+    }
+    ~TestModule() { platform::releaseResourceModule(handle_); }
     TestModule(const TestModule &) = delete;
     TestModule &operator=(const TestModule &) = delete;
 
-    TestModule &add(const DialogBuilder &dialog);
-    TestModule &addString(int32_t id, std::u16string text, uint32_t messageBoxStyle = 0);
-    TestModule &addMenu(platform::MenuTemplate menu);
+    TestModule &add(const DialogBuilder &dialog) {
+        tables_->dialogs[dialog.get().id] = dialog.get();
+        return *this;
+    }
+    TestModule &addString(int32_t id, std::u16string text, uint32_t messageBoxStyle = 0) {
+        tables_->strings[id] = {std::move(text), messageBoxStyle};
+        return *this;
+    }
+    TestModule &addMenu(platform::MenuTemplate menu) {
+        tables_->menus[menu.id] = std::move(menu);
+        return *this;
+    }
     HMODULE handle() const { return handle_; }
 
 private:
@@ -82,13 +123,26 @@ private:
 // functionProcedure as the DLGPROC; the procedure sees every message from
 // WM_INITDIALOG on (its pointer lives in GWLP_USERDATA).
 using Procedure = std::function<INT_PTR(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam)>;
-INT_PTR functionProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam);
+inline INT_PTR functionProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) SetWindowLongPtrW(dialog, GWLP_USERDATA, lParam);
+    auto *procedure = reinterpret_cast<Procedure *>(GetWindowLongPtrW(dialog, GWLP_USERDATA));
+    return procedure && *procedure ? (*procedure)(dialog, message, wParam, lParam) : 0;
+}
 
-INT_PTR runDialog(const TestModule &module, int32_t templateId, Procedure &procedure, HWND owner = nullptr);
-HWND createModeless(const TestModule &module, int32_t templateId, Procedure &procedure, HWND parent = nullptr);
+inline INT_PTR runDialog(const TestModule &module, int32_t templateId, Procedure &procedure,
+                         HWND owner = nullptr) {
+    return DialogBoxParamW(module.handle(), templateId, owner, functionProcedure, reinterpret_cast<LPARAM>(&procedure));
+}
+inline HWND createModeless(const TestModule &module, int32_t templateId, Procedure &procedure,
+                           HWND parent = nullptr) {
+    return CreateDialogParamW(module.handle(), templateId, parent, functionProcedure, reinterpret_cast<LPARAM>(&procedure));
+}
 
 // A procedure that handles nothing (the default handling applies).
-Procedure &plainProcedure();
+inline Procedure &plainProcedure() {
+    static Procedure procedure = [](HWND, uint32_t, WPARAM, LPARAM) -> INT_PTR { return 0; };
+    return procedure;
+}
 
 // WM_COMMAND and WM_NOTIFY as a test saw them.
 struct SeenCommand {
@@ -101,114 +155,9 @@ struct SeenCommand {
 // WM_INITDIALOG, onCommand for each command, and ends the dialog on OK and Cancel with
 // their id after atEnd.
 using DialogHook = std::function<void(HWND dialog)>;
-Procedure recordingProcedure(std::vector<SeenCommand> &commands, DialogHook initialise = {}, DialogHook atEnd = {},
-                             std::function<void(HWND, int32_t id, int32_t notification)> onCommand = {});
-
-// Every test runs on the scripted driver with an empty run; a failed test prints the
-// run's report.
-class ScriptedTest : public ::testing::Test {
-protected:
-    // Queues a script line; the test fails when the line is not an action.
-    void queue(const std::string &line) { run_.queue(line); }
-    std::string report() const { return run_.report(); }
-    std::vector<TabraScriptRecord> recordsOf(int32_t kind) const;
-
-private:
-    ScriptedRun run_;
-};
-
-std::u16string windowText(HWND window);
-std::u16string u16(std::string_view utf8);
-
-// ---- Implementation ----
-inline DialogBuilder::DialogBuilder(int32_t id, std::u16string caption) {
-    template_.id = id;
-    template_.caption = std::move(caption);
-    template_.width = 200;
-    template_.height = 100;
-}
-
-inline DialogBuilder &DialogBuilder::control(platform::ControlKind kind, int32_t id, std::u16string text, uint32_t style,
-                                      uint32_t extendedStyle) {
-    platform::ControlTemplate control;
-    control.kind = kind;
-    control.id = id;
-    control.text = std::move(text);
-    control.style = style | WS_CHILD | WS_VISIBLE;
-    control.extendedStyle = extendedStyle;
-    control.width = 50;
-    control.height = 14;
-    template_.controls.push_back(std::move(control));
-    return *this;
-}
-
-inline DialogBuilder &DialogBuilder::page() {
-    template_.childPage = true;
-    template_.style |= WS_CHILD;
-    return *this;
-}
-
-inline DialogBuilder &DialogBuilder::at(int x, int y, int width, int height) {
-    auto &control = template_.controls.back();
-    control.x = x;
-    control.y = y;
-    control.width = width;
-    control.height = height;
-    return *this;
-}
-
-inline DialogBuilder &DialogBuilder::size(int width, int height, std::u16string font, int fontSize) {
-    template_.width = width;
-    template_.height = height;
-    template_.fontName = std::move(font);
-    template_.fontSize = fontSize;
-    return *this;
-}
-
-inline TestModule::TestModule() {
-    auto module = std::make_unique<platform::ResourceModule>();
-    tables_ = &module->tables;
-    handle_ = platform::adoptResourceModule(std::move(module));
-}
-
-inline TestModule::~TestModule() { platform::releaseResourceModule(handle_); }
-
-inline TestModule &TestModule::add(const DialogBuilder &dialog) {
-    tables_->dialogs[dialog.get().id] = dialog.get();
-    return *this;
-}
-
-inline TestModule &TestModule::addString(int32_t id, std::u16string text, uint32_t messageBoxStyle) {
-    tables_->strings[id] = {std::move(text), messageBoxStyle};
-    return *this;
-}
-
-inline TestModule &TestModule::addMenu(platform::MenuTemplate menu) {
-    tables_->menus[menu.id] = std::move(menu);
-    return *this;
-}
-
-inline INT_PTR functionProcedure(HWND dialog, uint32_t message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) SetWindowLongPtrW(dialog, GWLP_USERDATA, lParam);
-    auto *procedure = reinterpret_cast<Procedure *>(GetWindowLongPtrW(dialog, GWLP_USERDATA));
-    return procedure && *procedure ? (*procedure)(dialog, message, wParam, lParam) : 0;
-}
-
-inline INT_PTR runDialog(const TestModule &module, int32_t templateId, Procedure &procedure, HWND owner) {
-    return DialogBoxParamW(module.handle(), templateId, owner, functionProcedure, reinterpret_cast<LPARAM>(&procedure));
-}
-
-inline HWND createModeless(const TestModule &module, int32_t templateId, Procedure &procedure, HWND parent) {
-    return CreateDialogParamW(module.handle(), templateId, parent, functionProcedure, reinterpret_cast<LPARAM>(&procedure));
-}
-
-inline Procedure &plainProcedure() {
-    static Procedure procedure = [](HWND, uint32_t, WPARAM, LPARAM) -> INT_PTR { return 0; };
-    return procedure;
-}
-
-inline Procedure recordingProcedure(std::vector<SeenCommand> &commands, DialogHook initialise, DialogHook atEnd,
-                                    std::function<void(HWND, int32_t, int32_t)> onCommand) {
+inline Procedure recordingProcedure(std::vector<SeenCommand> &commands, DialogHook initialise = {},
+                                    DialogHook atEnd = {},
+                                    std::function<void(HWND, int32_t id, int32_t notification)> onCommand = {}) {
     return [&commands, initialise, atEnd, onCommand](HWND dialog, uint32_t message, WPARAM wParam, LPARAM) -> INT_PTR {
         if (message == WM_INITDIALOG && initialise) initialise(dialog);
         if (message != WM_COMMAND) return 0;
@@ -223,14 +172,31 @@ inline Procedure recordingProcedure(std::vector<SeenCommand> &commands, DialogHo
     };
 }
 
-inline std::vector<TabraScriptRecord> ScriptedTest::recordsOf(int32_t kind) const {
-    std::vector<TabraScriptRecord> found;
-    for (int32_t i = 0; i < TabraScript_RecordCount(); ++i) {
-        TabraScriptRecord record{};
-        if (TabraScript_GetRecord(i, &record) && record.kind == kind) found.push_back(record);
+// Every test runs on the scripted driver with an empty run; a failed test prints the
+// run's report.
+class ScriptedTest : public ::testing::Test {
+protected:
+    // Queues script lines; the test fails when a line is not an action.
+    template <class... Lines> void queue(const Lines &...lines) { run_.queue(lines...); }
+    std::string report() const { return run_.report(); }
+    // Runs the dialog on the queued script and answers its result; a failed run fails the test.
+    INT_PTR runScripted(const TestModule &module, int32_t templateId, Procedure &procedure) {
+        const INT_PTR result = runDialog(module, templateId, procedure);
+        EXPECT_FALSE(TabraScript_Failed()) << report();
+        return result;
     }
-    return found;
-}
+    std::vector<TabraScriptRecord> recordsOf(int32_t kind) const {
+        std::vector<TabraScriptRecord> found;
+        for (int32_t i = 0; i < TabraScript_RecordCount(); ++i) {
+            TabraScriptRecord record{};
+            if (TabraScript_GetRecord(i, &record) && record.kind == kind) found.push_back(record);
+        }
+        return found;
+    }
+
+private:
+    ScriptedRun run_;
+};
 
 inline std::u16string windowText(HWND window) {
     std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, u'\0');
