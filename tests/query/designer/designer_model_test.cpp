@@ -1,13 +1,10 @@
 // The query designer as text: statements from descriptors, descriptors through get
 // and set, the cuts, editing on a copy, handles and result codes, and the wildcard of
 // views on a database of type DbAccess.
-#include "core/module/module_state.h"
 #include "query/designer/design_copy.h"
 #include "query/designer/design_descriptors.h"
-#include "query/designer/join_tables.h"
 #include "query/designer/statement_generation.h"
 #include "core/resource_ids.h"
-#include "query/resource_ids.h"
 #include "support/backend_test.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
@@ -164,18 +161,6 @@ TEST(DesignerHandles, NullHandlesUnknownKindsAndErrors) {
     EXPECT_EQ(Tabra_SelFact_DisplayError(TABRA_SELFACT_NO_MEMORY), 1);
     EXPECT_FALSE(run.failed()) << run.report();
     EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE).size(), 1u);
-}
-
-TEST(DesignerTables, EveryLabelIsAString) {
-    char16_t label[100];
-    for (const JoinType &join : joinTypes())
-        EXPECT_GT(tabra::module::LoadTranslatedString(tabra::module::resourceLibrary(), join.labelId, label, 100), 0);
-    for (const Comparison &comparison : comparisons())
-        EXPECT_GT(tabra::module::LoadTranslatedString(tabra::module::resourceLibrary(), comparison.labelId, label, 100),
-                  0);
-    EXPECT_GT(tabra::module::LoadTranslatedString(tabra::module::resourceLibrary(),
-                                                  tabra::query::ids::kMessage.statementValid, label, 100),
-              0);
 }
 
 class DesignerTestDriverTest : public tabra::test::TestDriverTest {};
