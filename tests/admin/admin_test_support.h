@@ -42,15 +42,7 @@ inline void lookAtTableAdmin(HWND dialog, void *views) {
     auto rows = static_cast<int32_t>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
     for (int32_t row = 0; row < rows; ++row) {
         auto &texts = view.rows.emplace_back();
-        for (int32_t sub = 0; sub < 5; ++sub) {
-            char16_t text[1000] = {};
-            LVITEMW item{};
-            item.iSubItem = sub;
-            item.pszText = text;
-            item.cchTextMax = 1000;
-            SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-            texts.emplace_back(text);
-        }
+        for (int32_t sub = 0; sub < 5; ++sub) texts.emplace_back(listViewText(list, row, sub));
         if (SendMessageW(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) & LVIS_SELECTED)
             view.selected.push_back(row);
     }

@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,22 @@ inline TableList readTables(SQLHDBC connection, int32_t flags, const char16_t *s
     return list;
 }
 
+// A backend test with a connection opened for each test and prepared by the suite.
+class ConnectedBackendTest : public BackendTest {
+protected:
+    void SetUp() override {
+        BackendTest::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        connection_.emplace(connect());
+        prepare(*connection_);
+    }
+    // What every test of the suite starts with.
+    virtual void prepare(const OdbcConnection &) {}
+    SQLHDBC hdbc() const { return connection_->handle(); }
+
+    std::optional<OdbcConnection> connection_;
+};
+
 // A name quoted with the backend's identifier quote character.
 inline std::u16string quoted(Backend backend, std::u16string_view name) {
     char16_t quote = backend == Backend::MariaDB ? u'`' : u'"';
@@ -91,6 +108,17 @@ inline void expectNoOpenStatements(const char *what) {
 
 // Number of ODBC error dialogs shown in the run.
 inline size_t errorDialogsShown(const ScriptedRun &run) { return run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).size(); }
+
+// The text of a list view's cell.
+inline std::u16string listViewText(HWND view, int32_t item, int32_t subItem) {
+    char16_t text[1000] = {};
+    LVITEMW query{};
+    query.iSubItem = subItem;
+    query.pszText = text;
+    query.cchTextMax = 1000;
+    SendMessageW(view, LVM_GETITEMTEXTW, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&query));
+    return text;
+}
 
 // A modeless dialog with one list box (id 1) to fill; create it inside a scripted run.
 class TestListBox {

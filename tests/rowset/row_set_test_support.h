@@ -7,9 +7,13 @@
 #include "ostrel.h"
 #include "tabra_rowset.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -59,6 +63,22 @@ inline std::string utf16le(std::u16string_view text) {
         bytes.push_back(static_cast<char>(c >> 8));
     }
     return bytes;
+}
+
+// Runs check in a child process (one that gave up root, if asked: root may write any
+// file); whether it held.
+inline bool inChild(const std::function<bool()> &check, bool unprivileged = false) {
+    pid_t child = ::fork();
+    if (child == 0) std::_Exit((!unprivileged || (::setgid(65534) == 0 && ::setuid(65534) == 0)) && check() ? 0 : 1);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return child > 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// Umlauts everywhere; the ANSI SQLite driver carries no character outside the BMP,
+// the servers do (and Ø, whose low byte 0xD8 one driver miscounts).
+inline std::u16string wideText(Backend backend) {
+    return backend == Backend::SQLite ? u"Gr\u00fc\u00dfe \u20ac" : u"Gr\u00fc\u00dfe \U0001F600 \u00d8";
 }
 
 // A host hook that refuses every statement and counts them.

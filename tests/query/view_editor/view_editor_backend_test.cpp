@@ -30,18 +30,15 @@ const auto &kEditor = ids::kViewEditorDialog;
 const std::u16string kBigOrders = u"SELECT o.id, o.total FROM orders AS o WHERE (o.total > 100)";
 const std::u16string kBroken = u"SELECT id FROM orders WHERE"; // a syntax error on every backend
 
-class ViewEditorTest : public BackendTest {
+class ViewEditorTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        connection_.emplace(connect());
-        executeAll(*connection_, {u"CREATE TABLE orders (id INTEGER, total INTEGER)",
-                                  u"INSERT INTO orders VALUES (1, 50)", u"INSERT INTO orders VALUES (2, 150)"});
+    void prepare(const OdbcConnection &connection) override {
+        executeAll(connection, {u"CREATE TABLE orders (id INTEGER, total INTEGER)",
+                                u"INSERT INTO orders VALUES (1, 50)", u"INSERT INTO orders VALUES (2, 150)"});
     }
-    SQLHDBC handle() const { return connection_->handle(); }
     ViewEditState state(std::u16string name = {}) const {
         ViewEditState s;
-        s.connection = handle();
+        s.connection = hdbc();
         s.name = std::move(name);
         s.statement = kBigOrders;
         s.tables = u"orders\to";
@@ -50,15 +47,13 @@ protected:
         return s;
     }
     bool viewExists(std::u16string_view name) const {
-        return OdbcEh_DoesTableExist(0, handle(), TABRA_TABLE_TYPE_VIEW, nullptr, std::u16string(name).c_str(), 0) == 1;
+        return OdbcEh_DoesTableExist(0, hdbc(), TABRA_TABLE_TYPE_VIEW, nullptr, std::u16string(name).c_str(), 0) == 1;
     }
     // Whether the view's "Sql" item is stored (the other items go with it).
     bool itemsStored(std::u16string_view name) const {
         ViewEditState read = state();
         return loadViewItems(read, name);
     }
-
-    std::optional<OdbcConnection> connection_;
 };
 
 TEST_P(ViewEditorTest, CreatesAndDropsViewsWithTheirItems) {

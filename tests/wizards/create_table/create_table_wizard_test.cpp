@@ -7,6 +7,7 @@
 #include "core/resource_ids.h"
 #include "ostrel_hook.h"
 #include "ostrel_registry.h"
+#include "catalog/catalog_test_support.h"
 #include "support/backend_test.h"
 #include "support/scoped_environment.h"
 #include "support/script_lines.h"
@@ -120,18 +121,14 @@ std::vector<std::u16string> defaultColumnNames() {
 
 // ---- Every way on every backend ----
 
-class CreateTableWizardTest : public BackendTest {
+class CreateTableWizardTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        if (IsSkipped()) return;
-        connection_.emplace(connect());
-        executeAll(*connection_,
+    void prepare(const OdbcConnection &connection) override {
+        executeAll(connection,
                    {u"CREATE TABLE ct_source (id INTEGER, label VARCHAR(30), amount DECIMAL(10,2), born DATE)",
                     u"INSERT INTO ct_source VALUES (1, 'first', 2.5, '2024-01-02')",
                     u"CREATE TABLE ct_other (code CHAR(4), note VARCHAR(80))"});
     }
-    SQLHDBC handle() const { return connection_->handle(); }
     // Inserts two rows without an Id and reads the Ids the database gave them.
     std::vector<Row> numberedRows(const std::u16string &table, const char16_t *values) {
         std::u16string insert = u"INSERT INTO " + table + values;
@@ -143,12 +140,11 @@ protected:
     }
 
     ScopedRegistryRoot registry_;
-    std::optional<OdbcConnection> connection_;
 };
 
 TEST_P(CreateTableWizardTest, KeyColumnOnlyNumbersTheRows) {
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.keyColumnOnly, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.keyColumnOnly, "ct_made"));
     EXPECT_EQ(run.result, 1);
     EXPECT_EQ(run.name, u"ct_made");
     auto columns = catalogColumns(*connection_, u"ct_made");
@@ -159,7 +155,7 @@ TEST_P(CreateTableWizardTest, KeyColumnOnlyNumbersTheRows) {
 
 TEST_P(CreateTableWizardTest, CopyHasTheSourceColumnsAndNoRows) {
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.copyStructure, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.copyStructure, "ct_made"));
     EXPECT_EQ(run.result, 1);
     EXPECT_EQ(catalogColumns(*connection_, u"ct_made"), catalogColumns(*connection_, u"ct_source"));
     EXPECT_EQ(queryValue(*connection_, u"SELECT Count(*) FROM ct_made"), u"0");
@@ -168,7 +164,7 @@ TEST_P(CreateTableWizardTest, CopyHasTheSourceColumnsAndNoRows) {
 
 TEST_P(CreateTableWizardTest, DefaultColumnsGetTheIdKeyColumnLast) {
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.defaultDefinition, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.defaultDefinition, "ct_made"));
     EXPECT_EQ(run.result, 1);
     std::vector<std::u16string> names;
     for (const Row &column : catalogColumns(*connection_, u"ct_made")) names.push_back(folded(*column[0]));
@@ -187,7 +183,7 @@ TEST_P(CreateTableWizardTest, RefusalsKeepTheUserAndChoicesAreRemembered) {
     {
         ScriptedRun script;
         WizardRun run = runWizard(
-            handle(), script,
+            hdbc(), script,
             {onDialog(kModePageId, "check", kModes.copyStructure), click(kModePageId, kNext),
              onDialog(kSourcePageId, "select", ids::kSourcePage.tables, "\"ct_other\""), click(kSourcePageId, kNext),
              onDialog(kNamePageId, "set", ids::kNamePage.name, "\"  \""), click(kNamePageId, kNext),
@@ -201,7 +197,7 @@ TEST_P(CreateTableWizardTest, RefusalsKeepTheUserAndChoicesAreRemembered) {
     EXPECT_EQ(Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, kModeValue, 0),
               kModes.copyStructure);
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script,
+    WizardRun run = runWizard(hdbc(), script,
                               {click(kModePageId, kNext), click(kSourcePageId, kNext),
                                onDialog(kNamePageId, "set", ids::kNamePage.name, "\"ct_made\""),
                                click(kNamePageId, kNext), click(kClosingPageId, kFinish)});
@@ -226,7 +222,7 @@ TEST_P(CreateTableWizardTest, ProposedNameIsFreeAndAnEmptySourceListIsRefused) {
     else
         lines.push_back(click(kModePageId, IDCANCEL));
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, lines);
+    WizardRun run = runWizard(hdbc(), script, lines);
     EXPECT_EQ(run.result, 2);
     EXPECT_EQ(run.messages.size(), listsNoTables ? 1u : 0u);
 }
@@ -236,11 +232,11 @@ TEST_P(CreateTableWizardTest, DeclinedStatementMakesNothing) {
     Hook hook;
     hook.refuse = true;
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.defaultDefinition, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.defaultDefinition, "ct_made"));
     EXPECT_EQ(run.result, 2);
     EXPECT_EQ(hook.statements.size(), 1u);
     EXPECT_TRUE(run.messages.empty());
-    EXPECT_EQ(Tabra_DoesTableExist(handle(), TABRA_TABLE_TYPE_ALL, u"ct_made"), 0);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc(), TABRA_TABLE_TYPE_ALL, u"ct_made"), 0);
 }
 
 TABRA_INSTANTIATE_BACKEND_TEST(CreateTableWizardTest);

@@ -6,10 +6,6 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <functional>
 
 namespace tabra::test {
 namespace {
@@ -34,23 +30,6 @@ protected:
         state.fileName = scratch_.file(file);
         return state;
     }
-    // Runs check in a child process that has given up root (root may write any file):
-    // whether it held.
-    static bool inUnprivilegedChild(const std::function<bool()> &check) {
-        pid_t child = ::fork();
-        if (child == 0) std::_Exit(::setgid(65534) == 0 && ::setuid(65534) == 0 && check() ? 0 : 1);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    }
-    static bool inChild(const std::function<bool()> &check) {
-        pid_t child = ::fork();
-        if (child == 0) std::_Exit(check() ? 0 : 1);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    }
-
     ScratchFolder scratch_;
 };
 
@@ -74,7 +53,7 @@ TEST_F(ExportTestDriverTest, AFileThatCannotBeOpenedShowsItsMessageAndLeavesNoth
     ::chmod(toUtf8(locked.fileName).c_str(), 0444);
     ::chmod(scratch_.path().c_str(), 0777);
     if (::geteuid() == 0)
-        EXPECT_TRUE(inUnprivilegedChild([&] { return refusedWith(locked, exportIds::kMessage.fileAccessDenied); }));
+        EXPECT_TRUE(inChild([&] { return refusedWith(locked, exportIds::kMessage.fileAccessDenied); }, true));
     else
         EXPECT_TRUE(refusedWith(locked, exportIds::kMessage.fileAccessDenied));
     EXPECT_EQ(fileBytes(locked.fileName), "old");

@@ -56,14 +56,8 @@ inline std::vector<std::string> operator+(std::vector<std::string> first, const 
     return first;
 }
 
-class ImportTest : public BackendTest {
+class ImportTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        if (IsSkipped() || HasFatalFailure()) return;
-        connection_ = std::make_unique<OdbcConnection>(dataSource());
-    }
-
     // Writes a file into the scratch folder; returns its name.
     std::u16string writeFile(const std::string &name, const std::string &bytes) const {
         std::ofstream(toUtf8(scratch_.file(name)), std::ios::binary | std::ios::trunc) << bytes;
@@ -92,7 +86,6 @@ protected:
 
     ScopedRegistryRoot registry_;
     ScratchFolder scratch_;
-    std::unique_ptr<OdbcConnection> connection_;
 };
 
 // A row as the test writes it: nullopt is NULL.
