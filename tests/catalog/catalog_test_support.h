@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -77,14 +78,16 @@ inline std::u16string quoted(Backend backend, std::u16string_view name) {
     return quote + std::u16string(name) + quote;
 }
 
-// A host hook that records every statement and lets it run (or refuses all).
+// A host hook that records every statement and lets it run, unless it refuses all or
+// declines the statements the test picks.
 struct RecordingHook {
-    explicit RecordingHook(bool allow = true) : allow(allow) {
+    explicit RecordingHook(bool allow = true, std::function<bool(const std::u16string &)> declines = {})
+        : allow(allow), declines(std::move(declines)) {
         Ostrel_SetStatementHook(
             [](const char16_t *statement, void *context) -> int32_t {
                 auto *self = static_cast<RecordingHook *>(context);
-                self->statements.emplace_back(statement ? statement : u"");
-                return self->allow ? 1 : 0;
+                const std::u16string &seen = self->statements.emplace_back(statement ? statement : u"");
+                return self->allow && !(self->declines && self->declines(seen)) ? 1 : 0;
             },
             this);
     }
@@ -92,6 +95,7 @@ struct RecordingHook {
     RecordingHook(const RecordingHook &) = delete;
     RecordingHook &operator=(const RecordingHook &) = delete;
     bool allow;
+    std::function<bool(const std::u16string &)> declines;
     std::vector<std::u16string> statements;
 };
 

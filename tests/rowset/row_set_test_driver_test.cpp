@@ -159,13 +159,13 @@ TEST_F(RowSetTestDriverTest, RefusedStatementsAndBadArgumentsGiveTwoQuietly) {
     char16_t buffer[100];
     ScriptedRun run;
     {
-        RefusingHook refuse;
+        RecordingHook refuse(false);
         EXPECT_EQ(OdbcEh_PerformSqlStatement(0, hdbc(), u"DELETE FROM items", nullptr), 2);
         EXPECT_EQ(exportTo(hdbc(), name, kFirstTwo), 2);
         EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc(), kFirstTwo, nullptr, nullptr, buffer, 100, nullptr, 0), 2);
         EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc(), kFirstTwo, box.handle(), nullptr, 0), 2);
         EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc(), kFirstTwo, box.handle(), nullptr, 0), 2);
-        EXPECT_EQ(refuse.refused, 5);
+        EXPECT_EQ(refuse.statements.size(), 5u);
     }
     EXPECT_EQ(queryValue(*connection_, u"SELECT count(*) FROM items"), u"250") << "the refused DELETE did not run";
     for (const char16_t *blank : {static_cast<const char16_t *>(nullptr), u"", u" \t\n"}) {

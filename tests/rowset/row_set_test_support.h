@@ -81,17 +81,6 @@ inline std::u16string wideText(Backend backend) {
     return backend == Backend::SQLite ? u"Gr\u00fc\u00dfe \u20ac" : u"Gr\u00fc\u00dfe \U0001F600 \u00d8";
 }
 
-// A host hook that refuses every statement and counts them.
-struct RefusingHook {
-    RefusingHook() {
-        Ostrel_SetStatementHook([](const char16_t *, void *seen) { return ++*static_cast<int *>(seen), 0; }, &refused);
-    }
-    ~RefusingHook() { Ostrel_SetStatementHook(nullptr, nullptr); }
-    RefusingHook(const RefusingHook &) = delete;
-    RefusingHook &operator=(const RefusingHook &) = delete;
-    int refused = 0;
-};
-
 // Python that splits a row-set file written with quoted text (flag 1) and default
 // separators: the csv module (quote "'", doubled inside).
 inline constexpr const char *kRowSetSplitter = R"(import csv, io

@@ -4,7 +4,7 @@
 // inserts the others, a failing statement or an abort keeps the rows before, and the
 // refusals keep the user on the page (the empty id field only warns).
 #include "core/resource_ids.h"
-#include "ostrel_hook.h"
+#include "catalog/catalog_test_support.h"
 #include "tabra_catalog.h"
 #include "support/backend_test.h"
 #include "support/scoped_environment.h"
@@ -103,15 +103,6 @@ protected:
     std::unique_ptr<OdbcConnection> destination_;
 };
 
-std::vector<std::u16string> &seenStatements() {
-    static std::vector<std::u16string> seen;
-    return seen;
-}
-int32_t keepStatement(const char16_t *statement, void *) {
-    seenStatements().emplace_back(statement);
-    return 1;
-}
-
 // Plain and matched by an integer id or a character id; a constant with a quote.
 TEST_P(AddRecordsWizardTest, CopiesAndMatchesRowsBetweenDatabases) {
     const std::vector<Row> before{row({u"1", u"7", u"old", {}, {}, u"kept"}), row({u"2", u"8", u"two a", {}, {}, u"a"}),
@@ -145,7 +136,7 @@ TEST_P(AddRecordsWizardTest, CopiesAndMatchesRowsBetweenDatabases) {
           click(ids::kFieldDialog.id, IDOK)},
          u"", before, {u",'O'Neil')"}, {click(core::ids::kErrorDialog.id, IDOK)}},
     };
-    Ostrel_SetStatementHook(keepStatement, nullptr);
+    RecordingHook hook;
     for (const Case &c : cases) {
         SCOPED_TRACE(c.name);
         executeSql(*destination_, u"DROP TABLE IF EXISTS ar_dest");
@@ -154,7 +145,7 @@ TEST_P(AddRecordsWizardTest, CopiesAndMatchesRowsBetweenDatabases) {
         executeSql(*destination_, u"INSERT INTO ar_dest VALUES (1, '7', 'old', NULL, NULL, 'kept'), "
                                   u"(2, '8', 'two a', NULL, NULL, 'a'), (2, '8', 'two b', NULL, NULL, 'b'), "
                                   u"(5, '5', 'other', NULL, NULL, 'o')");
-        seenStatements().clear();
+        hook.statements.clear();
         ScriptedRun run;
         Lines lines = toMapping(u"ar_dest", u"ar_source") + c.mapping + Lines{next(kMapping.id)} + idPage(c.id) +
                       Lines{click(ids::kSummaryPage.id, WIZZARD_ID_FINISH)} + c.after;
@@ -165,11 +156,10 @@ TEST_P(AddRecordsWizardTest, CopiesAndMatchesRowsBetweenDatabases) {
         std::sort(expected.begin(), expected.end());
         EXPECT_EQ(sortedRows(u"SELECT id, code, name, amount, born, note FROM ar_dest"), expected);
         for (const std::u16string &part : c.statements)
-            EXPECT_TRUE(std::any_of(seenStatements().begin(), seenStatements().end(),
+            EXPECT_TRUE(std::any_of(hook.statements.begin(), hook.statements.end(),
                                     [&](const std::u16string &s) { return s.find(part) != std::u16string::npos; }))
                 << toUtf8(part);
     }
-    Ostrel_SetStatementHook(nullptr, nullptr);
 }
 
 // A failing statement stops the copy with its diagnostics shown; an abort stops it too.

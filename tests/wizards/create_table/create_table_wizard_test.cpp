@@ -5,7 +5,6 @@
 #include "core/connection/capabilities.h"
 #include "core/module/module_state.h"
 #include "core/resource_ids.h"
-#include "ostrel_hook.h"
 #include "ostrel_registry.h"
 #include "catalog/catalog_test_support.h"
 #include "support/backend_test.h"
@@ -42,19 +41,6 @@ std::u16string resourceText(int32_t id) {
     module::LoadTranslatedString(module::resourceLibrary(), id, text, 400);
     return text;
 }
-
-// The statements the library hands to the hook, each let run unless refused.
-struct Hook {
-    std::vector<std::u16string> statements;
-    bool refuse = false;
-    Hook() { Ostrel_SetStatementHook(see, this); }
-    ~Hook() { Ostrel_SetStatementHook(nullptr, nullptr); }
-    static int32_t see(const char16_t *statement, void *context) {
-        auto *hook = static_cast<Hook *>(context);
-        hook->statements.emplace_back(statement);
-        return hook->refuse ? 2 : 1;
-    }
-};
 
 // The script of a run that makes table `name` in `mode` (from `source` for a copy).
 std::vector<std::string> makeTable(int32_t mode, const char *name, const char *source = "ct_source") {
@@ -229,8 +215,7 @@ TEST_P(CreateTableWizardTest, ProposedNameIsFreeAndAnEmptySourceListIsRefused) {
 
 // A statement the hook declines ends the wizard with 2, nothing shown or made.
 TEST_P(CreateTableWizardTest, DeclinedStatementMakesNothing) {
-    Hook hook;
-    hook.refuse = true;
+    RecordingHook hook(false);
     ScriptedRun script;
     WizardRun run = runWizard(hdbc(), script, makeTable(kModes.defaultDefinition, "ct_made"));
     EXPECT_EQ(run.result, 2);
@@ -294,7 +279,7 @@ TEST_P(CreateTableWizardTestDriverTest, OffersTheRowsModesAndRunsTheirStatements
         ScopedRegistryRoot registry;
         executeAll(setup, {u"DROP TABLE IF EXISTS ct_new"});
         OdbcConnection connection(dataSource);
-        Hook hook;
+        RecordingHook hook;
         ScriptedRun script;
         ModePageState page;
         script.queueCallback(kModePageId, ModePageState::read, &page);
@@ -338,7 +323,7 @@ TEST_F(TestDriverTest, CreateTableRefusesAModeTheDatabaseCannotDo) {
                  {dsn::Progress, kModes.keyColumnOnly}};
     for (const auto &c : cases) {
         OdbcConnection connection(c.dataSource);
-        Hook hook;
+        RecordingHook hook;
         ScriptedRun script;
         script.queue(answer(core::ids::kMessage.notPossibleHere, "ok"));
         EXPECT_FALSE(wizards::create_table::createTable(connection.handle(),

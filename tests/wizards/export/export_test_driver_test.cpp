@@ -97,14 +97,10 @@ TEST_F(ExportTestDriverTest, TheSelectNamesTheWrittenColumnsAndTheCondition) {
     state.fields.at(2)->selected = false;
     state.condition = u"id\tGT\t1\t4\n";
     state.recordCount = 1;
-    std::vector<std::u16string> statements;
-    Ostrel_SetStatementHook(
-        [](const char16_t *text, void *seen) { return static_cast<std::vector<std::u16string> *>(seen)->push_back(text), 1; },
-        &statements);
+    RecordingHook hook;
     ScriptedRun run;
     EXPECT_EQ(exporting::writeExportFile(state), 1);
-    Ostrel_SetStatementHook(nullptr, nullptr);
-    EXPECT_EQ(statements, std::vector<std::u16string>{u"SELECT id, \"unit price\" FROM prices WHERE ((id > 1))"});
+    EXPECT_EQ(hook.statements, std::vector<std::u16string>{u"SELECT id, \"unit price\" FROM prices WHERE ((id > 1))"});
     EXPECT_EQ(fileBytes(state.fileName), utf16le(u"id\tunit-price\r\n2\t4,0\r\n"));
     EXPECT_EQ(state.fields.at(2)->heading, u"v-a-t");
 }

@@ -5,7 +5,6 @@
 
 #include "core/module/module_state.h"
 #include "core/resource_ids.h"
-#include "ostrel_hook.h"
 #include "ostrel_registry.h"
 
 #include <algorithm>
@@ -189,15 +188,11 @@ TEST_P(ImportWizardTest, StatementsPassTheHookOneRowEachWhenShown) {
         {"Shown", OSTREL_DUMP_SHOW_STATEMENTS, {"ok", "ok", "ok", "ok"}, 3, 3},
         {"SecondRowCancelled", OSTREL_DUMP_SHOW_STATEMENTS, {"ok", "ok", "cancel"}, 2, 1},
     };
-    static std::vector<std::u16string> seen;
-    Ostrel_SetStatementHook([](const char16_t *statement, void *) -> int32_t {
-        seen.emplace_back(statement);
-        return 1;
-    }, nullptr);
+    RecordingHook hook;
     for (const Display &display : displays) {
         SCOPED_TRACE(display.name);
         executeSql(*connection_, u"DROP TABLE IF EXISTS imported");
-        seen.clear();
+        hook.statements.clear();
         Ostrel_SetDumpState(display.state);
         std::vector<std::string> lines = fileSource(ids::kSourceKindPage.textFile, kText.id, file) +
                                          std::vector<std::string>{next(kText.id)} + intoTable(u"imported");
@@ -207,11 +202,10 @@ TEST_P(ImportWizardTest, StatementsPassTheHookOneRowEachWhenShown) {
         Ostrel_SetDumpState(-1);
         EXPECT_FALSE(run.failed()) << run.report();
         size_t inserts = 0;
-        for (const std::u16string &statement : seen) inserts += statement.starts_with(u"INSERT") ? 1 : 0;
+        for (const std::u16string &statement : hook.statements) inserts += statement.starts_with(u"INSERT") ? 1 : 0;
         EXPECT_EQ(inserts, display.inserts);
         EXPECT_EQ(rows(u"SELECT n FROM imported").size(), display.kept);
     }
-    Ostrel_SetStatementHook(nullptr, nullptr);
 }
 
 // A file that cannot be opened is named and the user stays on the page; names the
