@@ -5,7 +5,6 @@
 
 #include "admin/table_admin/resource_ids.h"
 #include "catalog/catalog_test_support.h"
-#include "core/module/module_state.h"
 #include "ostrel_ui.h"
 #include "support/scoped_environment.h"
 
@@ -67,13 +66,6 @@ inline void readAvailableColumns(HWND dialog, void *columns) {
 inline std::u16string unquoted(std::u16string statement) {
     std::erase_if(statement, [](char16_t c) { return c == u'"' || c == u'`'; });
     return statement;
-}
-
-// A string of the library's resource library, as its dialogs show it.
-inline std::u16string resourceText(int32_t id) {
-    char16_t text[1000] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), id, text, 1000);
-    return text;
 }
 
 } // namespace tabra::test

@@ -22,8 +22,7 @@ protected:
     // Opens the dialog on the table with the queued script; the run must go as written.
     void administer(const char16_t *table) {
         EXPECT_EQ(Tabra_TableAdmin(hdbc(), table, 0), 0);
-        EXPECT_FALSE(run_.failed());
-        EXPECT_EQ(run_.pending(), 0);
+        expectPlayed(run_);
     }
     void look() { run_.queueCallback(kTableAdminDialog.id, lookAtTableAdmin, &seen_); }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "catalog/resource_ids.h"
+#include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "support/backend_test.h"
 #include "support/script_lines.h"
@@ -105,6 +106,12 @@ inline void expectNothingShown(const ScriptedRun &run) {
     EXPECT_TRUE(run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).empty());
 }
 
+// A scripted run that used all its lines without a failure.
+inline void expectPlayed(const ScriptedRun &run) {
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_EQ(run.pending(), 0) << run.report();
+}
+
 // The test driver's statement handles: none may be left open after an operation.
 inline void expectNoOpenStatements(const char *what) {
     EXPECT_EQ(testDriverStatementCounts().open(), 0) << what;
@@ -121,6 +128,13 @@ inline std::u16string listViewText(HWND view, int32_t item, int32_t subItem) {
     query.pszText = text;
     query.cchTextMax = 1000;
     SendMessageW(view, LVM_GETITEMTEXTW, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&query));
+    return text;
+}
+
+// A string of the library's resource library, as its dialogs show it.
+inline std::u16string resourceText(int32_t id) {
+    char16_t text[1000] = {};
+    module::LoadTranslatedString(module::resourceLibrary(), id, text, 1000);
     return text;
 }
 

@@ -150,8 +150,7 @@ TEST_P(ViewEditorTest, ScriptedSessions) {
         ScriptedRun run;
         for (const std::string &line : session.script) run.queue(line);
         EXPECT_EQ(runViewEditor(view, session.flags, nullptr), session.result);
-        EXPECT_FALSE(run.failed());
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
         EXPECT_EQ(run.records(TABRA_RECORD_BEEP).size(), session.opening.empty() && session.result == 1 ? 1u : 0u);
         for (const auto &[name, exists] : session.views) {
             EXPECT_EQ(viewExists(name), exists) << toUtf8(name);
@@ -183,8 +182,7 @@ TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
               click(ids::kDesignerDialog.id, IDOK), showsDesigned, click(kEditor.id, IDOK)})
             run.queue(line);
         EXPECT_EQ(runViewEditor(view, 0, nullptr), 1);
-        EXPECT_FALSE(run.failed());
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
     }
     EXPECT_EQ(queryRows(*connection_, u"SELECT total FROM designed ORDER BY total"),
               (std::vector<Row>{{u"50"}, {u"150"}}));
@@ -208,8 +206,7 @@ TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
           click(kEditor.id, IDCANCEL)})
         run.queue(line);
     EXPECT_EQ(runViewEditor(reopened, 0, nullptr), 2);
-    EXPECT_FALSE(run.failed());
-    EXPECT_EQ(run.pending(), 0);
+    expectPlayed(run);
     EXPECT_EQ(reopened.statement, designed); // Cancel keeps the caller's state
     std::stringstream bytes;
     bytes << std::ifstream(saved, std::ios::binary).rdbuf();

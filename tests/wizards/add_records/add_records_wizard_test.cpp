@@ -150,8 +150,7 @@ TEST_P(AddRecordsWizardTest, CopiesAndMatchesRowsBetweenDatabases) {
         Lines lines = toMapping(u"ar_dest", u"ar_source") + c.mapping + Lines{next(kMapping.id)} + idPage(c.id) +
                       Lines{click(ids::kSummaryPage.id, WIZZARD_ID_FINISH)} + c.after;
         EXPECT_EQ(play(lines, run), 1) << run.report();
-        EXPECT_FALSE(run.failed()) << run.report();
-        EXPECT_EQ(run.pending(), 0) << run.report();
+        expectPlayed(run);
         std::vector<Row> expected = c.expected;
         std::sort(expected.begin(), expected.end());
         EXPECT_EQ(sortedRows(u"SELECT id, code, name, amount, born, note FROM ar_dest"), expected);
@@ -249,8 +248,7 @@ TEST_P(AddRecordsWizardTest, RefusalsKeepTheUserOnThePage) {
         run.queue(click(stays, IDCANCEL));
         DbObjectInfo object{};
         EXPECT_EQ(Tabra_AddRecordsWizzard(destination_->handle(), &object), 2);
-        EXPECT_FALSE(run.failed()) << run.report();
-        EXPECT_EQ(run.pending(), 0) << run.report();
+        expectPlayed(run);
         EXPECT_EQ(run.records(TABRA_RECORD_MESSAGE, refusal.message).size(), 1u);
     }
 }

@@ -36,12 +36,6 @@ const auto &kModes = ids::kModePage;
 const int32_t kModePageId = ids::kModePage.id, kSourcePageId = ids::kSourcePage.id, kNamePageId = ids::kNamePage.id,
               kClosingPageId = ids::kClosingPage.id;
 
-std::u16string resourceText(int32_t id) {
-    char16_t text[400] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), id, text, 400);
-    return text;
-}
-
 // The script of a run that makes table `name` in `mode` (from `source` for a copy).
 std::vector<std::string> makeTable(int32_t mode, const char *name, const char *source = "ct_source") {
     std::vector<std::string> lines = {onDialog(kModePageId, "check", mode), click(kModePageId, kNext)};
@@ -67,8 +61,7 @@ WizardRun runWizard(SQLHDBC connection, const ScriptedRun &script, const std::ve
     run.result = Tabra_CreateTableWizzard(connection, name, wizards::create_table::kNameCapacity);
     run.name = name;
     for (const auto &message : script.records(TABRA_RECORD_MESSAGE)) run.messages.push_back(message.id);
-    EXPECT_FALSE(script.failed());
-    EXPECT_EQ(script.pending(), 0);
+    expectPlayed(script);
     return run;
 }
 

@@ -96,8 +96,7 @@ TEST_P(ExportWizardTest, EveryPageWithItsRefusalsAndTheFileByteForByte) {
     DbObjectInfo object = tablesAndViews();
     DbObjectInfo before = object;
     EXPECT_EQ(runWizard(object), 1);
-    EXPECT_FALSE(run.failed());
-    EXPECT_EQ(run.pending(), 0);
+    expectPlayed(run);
     for (int32_t message : {exportIds::kMessage.emptyHeading, exportIds::kMessage.noFieldChosen,
                             shared::kMessage.noMatchingRows, exportIds::kMessage.noFileName})
         EXPECT_EQ(shown(run, message), 1u) << message;

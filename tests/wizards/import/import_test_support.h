@@ -74,8 +74,7 @@ protected:
     int32_t play(const std::vector<std::string> &lines) {
         ScriptedRun run;
         int32_t result = play(lines, run);
-        EXPECT_FALSE(run.failed());
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
         return result;
     }
     // The rows of a query whose names are quoted with '"' (backquotes on MariaDB).

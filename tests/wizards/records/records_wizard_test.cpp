@@ -3,7 +3,6 @@
 // rows, the count on the summary or confirmation page, Finish; then the rows left or
 // changed are exactly those the condition selects and the statement hook saw the exact
 // statement. On the test driver an informational answer to the statement is a failure.
-#include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "catalog/catalog_test_support.h"
 #include "query/resource_ids.h"
@@ -39,12 +38,6 @@ std::vector<std::u16string> changes(const std::vector<std::u16string> &statement
 long counts(const std::vector<std::u16string> &statements) {
     return std::count_if(statements.begin(), statements.end(),
                          [](const std::u16string &s) { return s.starts_with(u"SELECT Count(*)"); });
-}
-
-std::u16string resourceText(int32_t id) {
-    char16_t text[400] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), id, text, 400);
-    return text;
 }
 
 // "dialog P: select C <operator label>"
@@ -219,8 +212,7 @@ TEST_P(RecordsWizard, ScenariosChangeExactlyTheSelectedRecords) {
         ScriptedRun run;
         for (const auto &line : scenario.script) run.queue(line);
         EXPECT_EQ(runWizard(scenario.wizard, connection.handle(), object), scenario.result);
-        EXPECT_FALSE(run.failed()) << run.report();
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
 
         std::u16string statement = scenario.statement ? scenario.statement : u"";
         std::replace(statement.begin(), statement.end(), u'"', quote.empty() ? u'"' : quote[0]);
@@ -280,8 +272,7 @@ TEST_F(RecordsWizardTestDriver, AnInformationalAnswerIsAFailure) {
         for (const auto &line : c.script) run.queue(line);
         DbObjectInfo object = objectRecord(TABRA_OBJECT_TABLE);
         EXPECT_EQ(runWizard(c.wizard, connection.handle(), object), 2);
-        EXPECT_FALSE(run.failed()) << run.report();
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
         EXPECT_TRUE(run.closedControlText(error, core::ids::kErrorDialog.statement)
                         .starts_with(c.wizard == Wizard::Delete ? u"DELETE from rw_orders" : u"UPDATE rw_orders SET"));
     }
