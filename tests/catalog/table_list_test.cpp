@@ -44,12 +44,7 @@ TEST_P(TableListTest, TypeFlagsSelectAndTheBookkeepingTablesHideUnlessSystemTabl
         for (const auto &name : c.listed) EXPECT_TRUE(contains(tables.items, name)) << c.flags << ": " << toUtf8(name);
         for (const auto &name : c.hidden) EXPECT_FALSE(contains(tables.items, name)) << c.flags << ": " << toUtf8(name);
     }
-    expectNothingShown(run);
-}
-
-TEST_P(TableListTest, SystemTablesWhereTheDatabaseHasThem) {
-    createSample();
-    ScriptedRun run;
+    // System tables alone, where the database has them.
     auto system = readTables(hdbc(), TABRA_TABLE_TYPE_SYSTEM_TABLE);
     EXPECT_EQ(system.result, 0);
     if (backend() == Backend::PostgreSQL) {
@@ -59,8 +54,11 @@ TEST_P(TableListTest, SystemTablesWhereTheDatabaseHasThem) {
     expectNothingShown(run);
 }
 
-TEST_P(TableListTest, DefaultSeparatorIsACommaBetweenEntriesOnly) {
+// The default separator is a comma between entries only; a cut ends at the last whole
+// entry.
+TEST_P(TableListTest, SeparatorsAndCapacityCuts) {
     for (const char16_t *name : {u"a1", u"b1", u"c1"}) executeSql(*connection_, u"CREATE TABLE " + std::u16string(name) + u" (id INTEGER)");
+    ScriptedRun run;
     char16_t buffer[2000];
     ASSERT_EQ(Tabra_GetTables(hdbc(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, nullptr), 0);
     std::u16string text = buffer;
@@ -70,13 +68,6 @@ TEST_P(TableListTest, DefaultSeparatorIsACommaBetweenEntriesOnly) {
     EXPECT_NE(text.back(), u',');
     ASSERT_EQ(Tabra_GetTables(hdbc(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, u" | "), 0);
     EXPECT_NE(std::u16string(buffer).find(u"a1 | b1 | c1"), std::u16string::npos);
-}
-
-TEST_P(TableListTest, CapacityCutsEndAtTheLastWholeEntry) {
-    for (const char16_t *name : {u"t_one", u"t_two", u"t_three"})
-        executeSql(*connection_, u"CREATE TABLE " + std::u16string(name) + u" (id INTEGER)");
-    ScriptedRun run;
-    char16_t buffer[64];
     buffer[0] = u'#';
     EXPECT_EQ(Tabra_GetTables(hdbc(), TABRA_TABLE_TYPE_TABLE, buffer, 1, u"\t"), 0);
     EXPECT_EQ(buffer[0], u'\0');

@@ -276,8 +276,7 @@ TEST_F(RecordsWizardTestDriver, AnInformationalAnswerIsAFailure) {
         EXPECT_TRUE(run.closedControlText(error, core::ids::kErrorDialog.statement)
                         .starts_with(c.wizard == Wizard::Delete ? u"DELETE from rw_orders" : u"UPDATE rw_orders SET"));
     }
-    auto open = testDriverStatementCounts();
-    EXPECT_EQ(open.open(), 0);
+    expectNoOpenStatements("informational answers");
 }
 
 } // namespace
