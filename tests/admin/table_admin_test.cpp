@@ -96,9 +96,8 @@ TEST_P(TableAdminTest, DeletesColumnsAskingForEachWithNoYesAndCancel) {
     administer(u"parts");
 
     EXPECT_EQ(run_.records(TABRA_RECORD_DIALOG_CLOSED, kTableAdminDialog.id).at(0).value, IDOK) << "Cancel closes with 1";
-    char16_t clause[20] = {};
-    Ostrel_ReadStringFromRegistry(HKEY_USERS, sortClauses, 0, u"parts", u"Clause", u"gone", clause, 20, 0);
-    EXPECT_EQ(std::u16string(clause), u"gone") << "the stored sort clauses are deleted on closing";
+    EXPECT_EQ(registryText(HKEY_USERS, sortClauses, u"parts", u"Clause", u"gone"), u"gone")
+        << "the stored sort clauses are deleted on closing";
 
     std::vector<std::u16string> drops;
     for (const auto &statement : hook.statements)

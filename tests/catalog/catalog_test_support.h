@@ -11,6 +11,7 @@
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "ostrel_hook.h"
+#include "ostrel_registry.h"
 #include "tabra_catalog.h"
 #include "window/window_test_support.h"
 
@@ -135,6 +136,14 @@ inline std::u16string listViewText(HWND view, int32_t item, int32_t subItem) {
 inline std::u16string resourceText(int32_t id) {
     char16_t text[1000] = {};
     module::LoadTranslatedString(module::resourceLibrary(), id, text, 1000);
+    return text;
+}
+
+// A string value as the registry holds it (the fallback where there is none).
+inline std::u16string registryText(HKEY root, const char16_t *key, const char16_t *subKey, const char16_t *value,
+                                   const char16_t *fallback = u"") {
+    char16_t text[1000] = {};
+    Ostrel_ReadStringFromRegistry(root, key, 0, subKey, value, fallback, text, 1000, 0);
     return text;
 }
 

@@ -2,8 +2,6 @@
 // boxes, statements read back, the single-table rule, and the enabled states; each
 // statement the wizard returns is run on the backend.
 #include "catalog/catalog_test_support.h"
-#include "core/module/module_state.h"
-#include "ostrel_registry.h"
 #include "query/select_wizard/resource_ids.h"
 #include "support/scoped_environment.h"
 #include "tabra_connection.h"
@@ -192,10 +190,8 @@ TEST_P(SelectWizardTest, SchemaIsTheDataSourcesLastOneAndTheSchemaButtonKeepsIt)
     EXPECT_EQ(Tabra_SelectStatementWizzard(hdbc(), statement, 200, nullptr, 0, 0), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(unquoted(statement), u"SELECT * FROM public.customers");
-    char16_t kept[100] = {};
-    Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, section.c_str(), u"LastUsedDbaseSchema",
-                                  u"", kept, 100, 0);
-    EXPECT_EQ(std::u16string(kept), u"public");
+    EXPECT_EQ(registryText(HKEY_CURRENT_USER, module::kRegistryRoot, section.c_str(), u"LastUsedDbaseSchema"),
+              u"public");
 }
 
 TABRA_INSTANTIATE_BACKEND_TEST(SelectWizardTest);

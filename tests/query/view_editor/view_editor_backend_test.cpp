@@ -3,8 +3,6 @@
 // renaming with and without a replace flag, refused names, a failing statement, the
 // designer on a stored view and the statement files).
 #include "catalog/catalog_test_support.h"
-#include "core/module/module_state.h"
-#include "ostrel_registry.h"
 #include "ostrel_ui.h"
 #include "query/designer/query_design.h"
 #include "query/resource_ids.h"
@@ -211,10 +209,7 @@ TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
     std::stringstream bytes;
     bytes << std::ifstream(saved, std::ios::binary).rdbuf();
     EXPECT_EQ(bytes.str(), toUtf8(designed));
-    char16_t last[300] = {};
-    Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, u"LastUsed", u"SqlStatementFile", u"",
-                                  last, 300, 299);
-    EXPECT_EQ(std::u16string(last), toUtf16(wide));
+    EXPECT_EQ(registryText(HKEY_CURRENT_USER, module::kRegistryRoot, u"LastUsed", u"SqlStatementFile"), toUtf16(wide));
     std::filesystem::remove_all(folder);
 }
 
