@@ -3,16 +3,9 @@
 // character that is blank or missing.
 #include "admin/driver_info/resource_ids.h"
 #include "catalog/catalog_test_support.h"
-#include "support/backend_test.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra.h"
 
-#include <gtest/gtest.h>
-
 #include <sqlext.h>
-
-#include <string>
 
 namespace tabra::test {
 namespace {

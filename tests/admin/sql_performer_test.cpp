@@ -10,8 +10,6 @@
 #include "tabra_admin.h"
 
 #include <cstdio>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {

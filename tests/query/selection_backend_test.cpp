@@ -1,13 +1,7 @@
 // Generated WHERE and SET texts run on every backend: the rows a descriptor selects
 // are the rows the user meant. Column names need quoting (blanks, mixed case).
 #include "catalog/catalog_test_support.h"
-#include "support/test_text.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -3,22 +3,14 @@
 // SQLite): every value arrives, matching by ids updates every record of the id and
 // inserts the others, a failing statement or an abort keeps the rows before, and the
 // refusals keep the user on the page (the empty id field only warns).
-#include "core/resource_ids.h"
 #include "catalog/catalog_test_support.h"
-#include "tabra_catalog.h"
-#include "support/backend_test.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "support/test_driver_control.h"
 #include "tabra_wizards.h"
 #include "wizards/add_records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
-#include <algorithm>
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {

@@ -2,26 +2,13 @@
 // table on every backend, the new table checked through the catalog and by inserting
 // rows, the refusals on its pages; on the test driver with the classic database
 // names, the modes the page offers and the exact statements each mode runs.
-#include "core/connection/capabilities.h"
-#include "core/module/module_state.h"
-#include "core/resource_ids.h"
-#include "ostrel_registry.h"
 #include "catalog/catalog_test_support.h"
-#include "support/backend_test.h"
+#include "core/connection/capabilities.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra.h"
 #include "wizards/create_table/create_table_wizard.h"
 #include "wizards/create_table/resource_ids.h"
 #include "wizards/resource_ids.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {

@@ -3,22 +3,13 @@
 // rows, the count on the summary or confirmation page, Finish; then the rows left or
 // changed are exactly those the condition selects and the statement hook saw the exact
 // statement. On the test driver an informational answer to the statement is a failure.
-#include "core/resource_ids.h"
 #include "catalog/catalog_test_support.h"
 #include "query/resource_ids.h"
-#include "support/backend_test.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra.h"
 #include "wizards/records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstring>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {
