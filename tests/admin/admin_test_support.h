@@ -8,9 +8,6 @@
 #include "ostrel_ui.h"
 #include "support/scoped_environment.h"
 
-#include <string>
-#include <vector>
-
 namespace tabra::test {
 
 // The list's rows (column name, type, null values, default, remarks), the selected

@@ -5,11 +5,7 @@
 #include "admin/table_admin/resource_ids.h"
 #include "admin_test_support.h"
 #include "catalog/column_types.h"
-#include "core/resource_ids.h"
-#include "support/backend_test.h"
 #include "tabra.h"
-
-#include <algorithm>
 
 namespace tabra::test {
 namespace {

@@ -5,9 +5,6 @@
 #include "admin/table_admin/resource_ids.h"
 #include "admin/table_admin/table_rebuild.h"
 #include "catalog/catalog_test_support.h"
-#include "core/resource_ids.h"
-#include "support/backend_test.h"
-#include "support/scripted_run.h"
 
 namespace tabra::test {
 namespace {

@@ -4,14 +4,7 @@
 #include "query/resource_ids.h"
 #include "rowset/row_set_test_support.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
-#include "support/test_text.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace {
 

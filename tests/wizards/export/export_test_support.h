@@ -5,12 +5,10 @@
 #pragma once
 
 #include "rowset/row_set_test_support.h"
-#include "support/script_lines.h"
 #include "wizards/export/export_file.h"
 #include "wizards/export/resource_ids.h"
 
 #include <clocale>
-#include <string>
 
 namespace tabra::test {
 

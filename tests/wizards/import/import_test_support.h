@@ -4,18 +4,9 @@
 #pragma once
 
 #include "rowset/row_set_test_support.h"
-#include "support/backend_test.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra_wizards.h"
 #include "wizards/import/resource_ids.h"
-
-#include <algorithm>
-#include <fstream>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 

@@ -3,12 +3,6 @@
 // before it, and the mapping checks keep the user on the page.
 #include "import_test_support.h"
 
-#include "core/module/module_state.h"
-#include "core/resource_ids.h"
-#include "ostrel_registry.h"
-
-#include <algorithm>
-
 namespace tabra::test {
 namespace {
 
