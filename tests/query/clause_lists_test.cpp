@@ -1,19 +1,9 @@
 // Scanning clause lists into names and list boxes and writing boxes back; the sort
 // direction toggle and the alias dialog (scripted).
-#include "core/module/module_state.h"
-#include "core/resource_ids.h"
+#include "catalog/catalog_test_support.h"
 #include "query/resource_ids.h"
-#include "support/backend_test.h"
 #include "support/box_contents.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
-#include "support/test_text.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -1,20 +1,14 @@
 // The query designer as text: statements from descriptors, descriptors through get
 // and set, the cuts, editing on a copy, handles and result codes, and the wildcard of
 // views on a database of type DbAccess.
+#include "catalog/catalog_test_support.h"
 #include "query/designer/design_copy.h"
 #include "query/designer/design_descriptors.h"
 #include "query/designer/statement_generation.h"
-#include "core/resource_ids.h"
-#include "support/backend_test.h"
-#include "support/scripted_run.h"
-#include "support/test_text.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
 
 #include <array>
 #include <new>
-#include <string>
 
 namespace {
 
