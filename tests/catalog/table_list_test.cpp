@@ -171,16 +171,12 @@ TEST_P(TableListTest, BoxFillersReplaceTheEntriesWithTheList) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(TableListTest);
-
 // A catalog of several thousand tables: the list for the existence test is cut at
 // 10000 characters, so a late table counts as absent there, while the row-by-row test
 // still finds it.
-class LongCatalogTest : public BackendTest {};
-
-TEST_P(LongCatalogTest, ListsAreCutAtTheirCapacity) {
+TEST_P(TableListTest, LongCatalogListsAreCutAtTheirCapacity) {
     if (backend() == Backend::MariaDB) GTEST_SKIP() << "the long catalog is built on SQLite and PostgreSQL";
-    auto connection = connect();
+    const OdbcConnection &connection = *connection_;
     constexpr int kTables = 2500;
     if (backend() == Backend::PostgreSQL) {
         executeSql(connection, u"DO $$ BEGIN FOR i IN 1..2500 LOOP EXECUTE format('CREATE TABLE long_catalog_table_%s "
@@ -211,14 +207,10 @@ TEST_P(LongCatalogTest, ListsAreCutAtTheirCapacity) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(LongCatalogTest);
-
 // PostgreSQL knows schemas: qualified entries, the schema argument, and the
 // qualified existence test.
-class SchemaTableListTest : public BackendTest {};
-
-TEST_P(SchemaTableListTest, EntriesAreQualifiedWhereTheDriverKnowsSchemas) {
-    auto connection = connect();
+TEST_P(TableListTest, EntriesAreQualifiedWhereTheDriverKnowsSchemas) {
+    const OdbcConnection &connection = *connection_;
     executeAll(connection, {u"CREATE TABLE plain_table (id INTEGER)"});
     bool schemas = backend() == Backend::PostgreSQL;
     if (schemas)
@@ -250,7 +242,7 @@ TEST_P(SchemaTableListTest, EntriesAreQualifiedWhereTheDriverKnowsSchemas) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(SchemaTableListTest);
+TABRA_INSTANTIATE_BACKEND_TEST(TableListTest);
 
 } // namespace
 } // namespace tabra::test
