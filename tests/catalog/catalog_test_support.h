@@ -1,6 +1,7 @@
-// Shared helpers of the catalog tests: table lists as vectors, names quoted for each
-// backend (independent of the library's quoting), a statement hook that records, and a
-// check that nothing was shown.
+// Shared helpers of the catalog tests and the subsystems above it: a backend fixture
+// with a connection, table lists as vectors, names quoted for each backend (independent
+// of the library's quoting), a statement hook that records, checks of a scripted run,
+// and the texts of list views, resources and the registry.
 #pragma once
 
 #include "catalog/resource_ids.h"

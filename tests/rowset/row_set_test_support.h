@@ -71,8 +71,7 @@ inline bool inChild(const std::function<bool()> &check, bool unprivileged = fals
     pid_t child = ::fork();
     if (child == 0) std::_Exit((!unprivileged || (::setgid(65534) == 0 && ::setuid(65534) == 0)) && check() ? 0 : 1);
     int status = 0;
-    ::waitpid(child, &status, 0);
-    return child > 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 // Umlauts everywhere; the ANSI SQLite driver carries no character outside the BMP,
