@@ -2,20 +2,14 @@
 // the system table keeps for them, and scripted sessions of its dialog (a new view,
 // renaming with and without a replace flag, refused names, a failing statement, the
 // designer on a stored view and the statement files).
-#include "catalog/catalog_test_support.h"
 #include "ostrel_ui.h"
 #include "query/designer/query_design.h"
 #include "query/resource_ids.h"
 #include "query/view_editor/view_editor.h"
 #include "query/view_editor/statement_file.h"
 #include "query/view_editor/view_operations.h"
+#include "rowset/row_set_test_support.h"
 #include "tabra_designer.h"
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
-#include <unistd.h>
 
 namespace tabra::test {
 namespace {
@@ -187,12 +181,10 @@ TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
 
     ViewEditState reopened = state();
     ASSERT_TRUE(loadViewItems(reopened, u"designed"));
-    const auto folder = std::filesystem::temp_directory_path() / ("tabra-view-editor-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
-    const std::string saved = (folder / "saved.sql").string(), wide = (folder / "wide.sql").string();
+    ScratchFolder folder;
+    const std::string saved = toUtf8(folder.file("saved.sql")), wide = toUtf8(folder.file("wide.sql"));
     const std::u16string loaded = u"SELECT total FROM orders -- Größe \U0001F600";
-    std::ofstream(wide, std::ios::binary) << std::string("\xFF\xFE", 2)
-                                          << std::string(reinterpret_cast<const char *>(loaded.data()), loaded.size() * 2);
+    std::ofstream(wide, std::ios::binary) << std::string("\xFF\xFE", 2) + utf16le(loaded);
     ScriptedRun run;
     for (const std::string &line :
          {click(kEditor.id, kEditor.design),
@@ -206,11 +198,8 @@ TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
     EXPECT_EQ(runViewEditor(reopened, 0, nullptr), 2);
     expectPlayed(run);
     EXPECT_EQ(reopened.statement, designed); // Cancel keeps the caller's state
-    std::stringstream bytes;
-    bytes << std::ifstream(saved, std::ios::binary).rdbuf();
-    EXPECT_EQ(bytes.str(), toUtf8(designed));
+    EXPECT_EQ(fileBytes(toUtf16(saved)), toUtf8(designed));
     EXPECT_EQ(registryText(HKEY_CURRENT_USER, module::kRegistryRoot, u"LastUsed", u"SqlStatementFile"), toUtf16(wide));
-    std::filesystem::remove_all(folder);
 }
 
 TABRA_INSTANTIATE_BACKEND_TEST(ViewEditorTest);
