@@ -5,12 +5,8 @@
 
 #include "admin/table_admin/resource_ids.h"
 #include "catalog/catalog_test_support.h"
-#include "core/module/module_state.h"
 #include "ostrel_ui.h"
 #include "support/scoped_environment.h"
-
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 
@@ -42,15 +38,7 @@ inline void lookAtTableAdmin(HWND dialog, void *views) {
     auto rows = static_cast<int32_t>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
     for (int32_t row = 0; row < rows; ++row) {
         auto &texts = view.rows.emplace_back();
-        for (int32_t sub = 0; sub < 5; ++sub) {
-            char16_t text[1000] = {};
-            LVITEMW item{};
-            item.iSubItem = sub;
-            item.pszText = text;
-            item.cchTextMax = 1000;
-            SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-            texts.emplace_back(text);
-        }
+        for (int32_t sub = 0; sub < 5; ++sub) texts.emplace_back(listViewText(list, row, sub));
         if (SendMessageW(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) & LVIS_SELECTED)
             view.selected.push_back(row);
     }
@@ -75,13 +63,6 @@ inline void readAvailableColumns(HWND dialog, void *columns) {
 inline std::u16string unquoted(std::u16string statement) {
     std::erase_if(statement, [](char16_t c) { return c == u'"' || c == u'`'; });
     return statement;
-}
-
-// A string of the library's resource library, as its dialogs show it.
-inline std::u16string resourceText(int32_t id) {
-    char16_t text[1000] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), id, text, 1000);
-    return text;
 }
 
 } // namespace tabra::test

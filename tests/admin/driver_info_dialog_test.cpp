@@ -2,28 +2,15 @@
 // what the driver reports; on the test driver, the bounds of the answers and a quote
 // character that is blank or missing.
 #include "admin/driver_info/resource_ids.h"
-#include "core/module/module_state.h"
-#include "support/backend_test.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
+#include "catalog/catalog_test_support.h"
 #include "tabra.h"
 
-#include <gtest/gtest.h>
-
 #include <sqlext.h>
-
-#include <string>
 
 namespace tabra::test {
 namespace {
 
 const auto &kDialog = admin::driver_info::ids::kDriverInfoDialog;
-
-std::u16string quoteFormat() {
-    char16_t text[100] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), admin::driver_info::ids::kString.quoteCharacter, text, 100);
-    return text;
-}
 
 // Runs the dialog to OK; the texts of its controls as they were when it closed.
 struct Shown {
@@ -42,7 +29,7 @@ Shown showDialog(SQLHDBC connection) {
 
 // The quote field as string 2811 makes it of the character.
 std::u16string quoteShown(std::u16string_view character, int32_t code) {
-    std::u16string format = quoteFormat(), result;
+    std::u16string format = resourceText(admin::driver_info::ids::kString.quoteCharacter), result;
     const char16_t *argument[] = {u"%s", u"%d", u"%X"};
     std::string decimal = std::to_string(code), hex;
     for (int32_t rest = code; rest > 0 || hex.empty(); rest /= 16) hex.insert(hex.begin(), "0123456789ABCDEF"[rest % 16]);

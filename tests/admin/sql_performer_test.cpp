@@ -2,22 +2,14 @@
 // on every backend, the strict success rule, the history in the registry, and the
 // record variant's connection per run.
 #include "admin/sql_performer/resource_ids.h"
-#include "core/module/module_state.h"
-#include "core/resource_ids.h"
+#include "catalog/catalog_test_support.h"
 #include "ostrel.h"
-#include "support/backend_test.h"
 #include "support/box_contents.h"
 #include "support/data_source_record.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra_admin.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {
@@ -41,10 +33,7 @@ std::vector<std::u16string> storedHistory() {
     std::vector<std::u16string> entries;
     const int32_t total = Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, kHistoryKey, 0, nullptr, u"Total", -1);
     for (int number = 1; number <= total; ++number) {
-        char16_t entry[1000] = {};
-        Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, kHistoryKey, 0, nullptr, entryName(number).c_str(), u"<none>",
-                                      entry, 1000, 0);
-        entries.emplace_back(entry);
+        entries.push_back(registryText(HKEY_CURRENT_USER, kHistoryKey, nullptr, entryName(number).c_str(), u"<none>"));
     }
     return entries;
 }
@@ -171,9 +160,7 @@ TEST_F(SqlPerformerTestDriverTest, TheHistoryKeepsTheNewestTwentyAndClears) {
     EXPECT_FALSE(again.failed());
     EXPECT_EQ(Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, kHistoryKey, 0, nullptr, u"Total", -1), 0);
     EXPECT_TRUE(storedHistory().empty());
-    char16_t entry[20] = {};
-    Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, kHistoryKey, 0, nullptr, u"E001", u"<none>", entry, 20, 0);
-    EXPECT_EQ(std::u16string(entry), u"<none>");
+    EXPECT_EQ(registryText(HKEY_CURRENT_USER, kHistoryKey, nullptr, u"E001", u"<none>"), u"<none>");
 }
 
 // What a stored history loads as, also when it was written by hand or damaged.

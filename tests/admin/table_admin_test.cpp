@@ -17,13 +17,12 @@ using ids::kAddColumnDialog;
 using ids::kAddPrimaryKeyDialog;
 using ids::kTableAdminDialog;
 
-class TableAdminTest : public BackendTest {
+class TableAdminTest : public ConnectedBackendTest {
 protected:
     // Opens the dialog on the table with the queued script; the run must go as written.
-    void administer(const OdbcConnection &connection, const char16_t *table) {
-        EXPECT_EQ(Tabra_TableAdmin(connection.handle(), table, 0), 0);
-        EXPECT_FALSE(run_.failed());
-        EXPECT_EQ(run_.pending(), 0);
+    void administer(const char16_t *table) {
+        EXPECT_EQ(Tabra_TableAdmin(hdbc(), table, 0), 0);
+        expectPlayed(run_);
     }
     void look() { run_.queueCallback(kTableAdminDialog.id, lookAtTableAdmin, &seen_); }
 
@@ -33,11 +32,10 @@ protected:
 };
 
 TEST_P(TableAdminTest, AddsAColumnOfEveryTypeAndAnAutoIncrementColumn) {
-    auto connection = connect();
-    executeAll(connection, {u"CREATE TABLE people (name VARCHAR(30) NOT NULL, born INTEGER)",
-                            u"INSERT INTO people VALUES ('Ann', 1970)", u"INSERT INTO people VALUES ('Bob', NULL)",
-                            u"INSERT INTO people VALUES ('Cyd', 2001)"});
-    const auto before = queryRows(connection, u"SELECT name, born FROM people ORDER BY name");
+    executeAll(*connection_, {u"CREATE TABLE people (name VARCHAR(30) NOT NULL, born INTEGER)",
+                              u"INSERT INTO people VALUES ('Ann', 1970)", u"INSERT INTO people VALUES ('Bob', NULL)",
+                              u"INSERT INTO people VALUES ('Cyd', 2001)"});
+    const auto before = queryRows(*connection_, u"SELECT name, born FROM people ORDER BY name");
     // What the catalog reports for each row of the type table: the memo and binary rows
     // are written as VARCHAR, and SQLite's driver reports CHAR as VARCHAR too.
     const int32_t shownAs[] = {backend() == Backend::SQLite ? TdtVarText : TdtText, TdtVarText, TdtVarText,
@@ -57,7 +55,7 @@ TEST_P(TableAdminTest, AddsAColumnOfEveryTypeAndAnAutoIncrementColumn) {
     run_.queue(click(kAddAutoIncrementDialog.id, IDOK));
     look();
     run_.queue(click(kTableAdminDialog.id, IDOK));
-    administer(connection, u"people");
+    administer(u"people");
 
     ASSERT_EQ(seen_.size(), types + 1);
     for (size_t i = 0; i < types; ++i) {
@@ -72,14 +70,14 @@ TEST_P(TableAdminTest, AddsAColumnOfEveryTypeAndAnAutoIncrementColumn) {
     const TableAdminView &last = seen_.back();
     EXPECT_EQ(last.rows.back()[0], u"nr");
     EXPECT_EQ(last.key, u"nr") << "the auto-increment column is the key on these databases";
-    EXPECT_EQ(queryRows(connection, u"SELECT name, born FROM people ORDER BY name"), before);
-    EXPECT_EQ(queryValue(connection, u"SELECT Count(DISTINCT nr) FROM people"), u"3");
+    EXPECT_EQ(queryRows(*connection_, u"SELECT name, born FROM people ORDER BY name"), before);
+    EXPECT_EQ(queryValue(*connection_, u"SELECT Count(DISTINCT nr) FROM people"), u"3");
 }
 
 TEST_P(TableAdminTest, DeletesColumnsAskingForEachWithNoYesAndCancel) {
-    auto connection = connect();
-    executeAll(connection, {u"CREATE TABLE parts (a INTEGER, b VARCHAR(10), c VARCHAR(10), d VARCHAR(10))",
-                            u"INSERT INTO parts VALUES (1, 'b1', 'c1', 'd1')", u"INSERT INTO parts VALUES (2, 'b2', 'c2', 'd2')"});
+    executeAll(*connection_, {u"CREATE TABLE parts (a INTEGER, b VARCHAR(10), c VARCHAR(10), d VARCHAR(10))",
+                              u"INSERT INTO parts VALUES (1, 'b1', 'c1', 'd1')",
+                              u"INSERT INTO parts VALUES (2, 'b2', 'c2', 'd2')"});
     RecordingHook hook;
     run_.queue(onDialog(kTableAdminDialog.id, "select", kTableAdminDialog.columns, "#1 #2 #3"));
     run_.queue(click(kTableAdminDialog.id, kTableAdminDialog.deleteColumns));
@@ -95,12 +93,11 @@ TEST_P(TableAdminTest, DeletesColumnsAskingForEachWithNoYesAndCancel) {
     run_.queue("dialog " + std::to_string(kTableAdminDialog.id) + ": press escape");
     const char16_t sortClauses[] = u".Default\\Software\\Ostrel Software\\Order By Clauses";
     Ostrel_WriteStringToRegistry(HKEY_USERS, sortClauses, 0, u"parts", u"Clause", u"d ASC");
-    administer(connection, u"parts");
+    administer(u"parts");
 
     EXPECT_EQ(run_.records(TABRA_RECORD_DIALOG_CLOSED, kTableAdminDialog.id).at(0).value, IDOK) << "Cancel closes with 1";
-    char16_t clause[20] = {};
-    Ostrel_ReadStringFromRegistry(HKEY_USERS, sortClauses, 0, u"parts", u"Clause", u"gone", clause, 20, 0);
-    EXPECT_EQ(std::u16string(clause), u"gone") << "the stored sort clauses are deleted on closing";
+    EXPECT_EQ(registryText(HKEY_USERS, sortClauses, u"parts", u"Clause", u"gone"), u"gone")
+        << "the stored sort clauses are deleted on closing";
 
     std::vector<std::u16string> drops;
     for (const auto &statement : hook.statements)
@@ -112,16 +109,15 @@ TEST_P(TableAdminTest, DeletesColumnsAskingForEachWithNoYesAndCancel) {
     EXPECT_EQ(seen_[0].names(), (std::vector<std::u16string>{u"a", u"b", u"c", u"d"}));
     EXPECT_EQ(seen_[1].names(), (std::vector<std::u16string>{u"a", u"d"}));
     EXPECT_EQ(seen_[1].selected, std::vector<int32_t>{1}) << "the row at the first deleted position";
-    EXPECT_EQ(queryRows(connection, u"SELECT * FROM parts ORDER BY a"),
+    EXPECT_EQ(queryRows(*connection_, u"SELECT * FROM parts ORDER BY a"),
               (std::vector<Row>{{u"1", u"d1"}, {u"2", u"d2"}}));
 }
 
 TEST_P(TableAdminTest, AddsAndDropsThePrimaryKeyOverChosenColumns) {
-    auto connection = connect();
-    executeAll(connection, {u"CREATE TABLE keyed (id INTEGER NOT NULL, code VARCHAR(10) NOT NULL, note VARCHAR(20))",
-                            u"INSERT INTO keyed VALUES (1, 'x', 'first')", u"INSERT INTO keyed VALUES (1, 'y', NULL)",
-                            u"INSERT INTO keyed VALUES (2, 'x', 'third')"});
-    const auto before = queryRows(connection, u"SELECT id, code, note FROM keyed ORDER BY id, code");
+    executeAll(*connection_, {u"CREATE TABLE keyed (id INTEGER NOT NULL, code VARCHAR(10) NOT NULL, note VARCHAR(20))",
+                              u"INSERT INTO keyed VALUES (1, 'x', 'first')", u"INSERT INTO keyed VALUES (1, 'y', NULL)",
+                              u"INSERT INTO keyed VALUES (2, 'x', 'third')"});
+    const auto before = queryRows(*connection_, u"SELECT id, code, note FROM keyed ORDER BY id, code");
     std::vector<std::u16string> available;
     RecordingHook hook;
     run_.queue(click(kTableAdminDialog.id, kTableAdminDialog.addPrimaryKey));
@@ -140,7 +136,7 @@ TEST_P(TableAdminTest, AddsAndDropsThePrimaryKeyOverChosenColumns) {
     run_.queue(click(kTableAdminDialog.id, kTableAdminDialog.dropPrimaryKey));
     run_.queue(answer(ids::kMessage.noKey, "ok"));
     run_.queue(click(kTableAdminDialog.id, IDOK));
-    administer(connection, u"keyed");
+    administer(u"keyed");
 
     EXPECT_EQ(available, (std::vector<std::u16string>{u"id", u"code"})) << "only NOT NULL columns";
     ASSERT_EQ(seen_.size(), 2u);
@@ -154,7 +150,7 @@ TEST_P(TableAdminTest, AddsAndDropsThePrimaryKeyOverChosenColumns) {
     std::vector<int32_t> notices;
     for (const auto &notice : run_.records(TABRA_RECORD_NOTICE)) notices.push_back(notice.id);
     EXPECT_EQ(notices, (std::vector<int32_t>{ids::kString.keyAdded, ids::kString.keyDropped}));
-    EXPECT_EQ(queryRows(connection, u"SELECT id, code, note FROM keyed ORDER BY id, code"), before);
+    EXPECT_EQ(queryRows(*connection_, u"SELECT id, code, note FROM keyed ORDER BY id, code"), before);
 }
 
 TABRA_INSTANTIATE_BACKEND_TEST(TableAdminTest);

@@ -3,20 +3,10 @@
 // use, and the option pointer of a template with the pair of radio buttons.
 #include "admin/table_name/resource_ids.h"
 #include "admin/table_name/table_name_dialog.h"
-#include "core/resource_ids.h"
+#include "catalog/catalog_test_support.h"
 #include "platform/resources/resource_module.h"
 #include "platform/resources/resource_script_file.h"
-#include "support/backend_test.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {

@@ -1,21 +1,26 @@
-// Shared helpers of the catalog tests: table lists as vectors, names quoted for each
-// backend (independent of the library's quoting), a statement hook that records, and a
-// check that nothing was shown.
+// Shared helpers of the catalog tests and the subsystems above it: a backend fixture
+// with a connection, table lists as vectors, names quoted for each backend (independent
+// of the library's quoting), a statement hook that records, checks of a scripted run,
+// and the texts of list views, resources and the registry.
 #pragma once
 
 #include "catalog/resource_ids.h"
+#include "core/module/module_state.h"
 #include "core/resource_ids.h"
 #include "support/backend_test.h"
 #include "support/script_lines.h"
 #include "support/scripted_run.h"
 #include "support/test_text.h"
 #include "ostrel_hook.h"
+#include "ostrel_registry.h"
 #include "tabra_catalog.h"
 #include "window/window_test_support.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -54,20 +59,38 @@ inline TableList readTables(SQLHDBC connection, int32_t flags, const char16_t *s
     return list;
 }
 
+// A backend test with a connection opened for each test and prepared by the suite.
+class ConnectedBackendTest : public BackendTest {
+protected:
+    void SetUp() override {
+        BackendTest::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        connection_.emplace(connect());
+        prepare(*connection_);
+    }
+    // What every test of the suite starts with.
+    virtual void prepare(const OdbcConnection &) {}
+    SQLHDBC hdbc() const { return connection_->handle(); }
+
+    std::optional<OdbcConnection> connection_;
+};
+
 // A name quoted with the backend's identifier quote character.
 inline std::u16string quoted(Backend backend, std::u16string_view name) {
     char16_t quote = backend == Backend::MariaDB ? u'`' : u'"';
     return quote + std::u16string(name) + quote;
 }
 
-// A host hook that records every statement and lets it run (or refuses all).
+// A host hook that records every statement and lets it run, unless it refuses all or
+// declines the statements the test picks.
 struct RecordingHook {
-    explicit RecordingHook(bool allow = true) : allow(allow) {
+    explicit RecordingHook(bool allow = true, std::function<bool(const std::u16string &)> declines = {})
+        : allow(allow), declines(std::move(declines)) {
         Ostrel_SetStatementHook(
             [](const char16_t *statement, void *context) -> int32_t {
                 auto *self = static_cast<RecordingHook *>(context);
-                self->statements.emplace_back(statement ? statement : u"");
-                return self->allow ? 1 : 0;
+                const std::u16string &seen = self->statements.emplace_back(statement ? statement : u"");
+                return self->allow && !(self->declines && self->declines(seen)) ? 1 : 0;
             },
             this);
     }
@@ -75,6 +98,7 @@ struct RecordingHook {
     RecordingHook(const RecordingHook &) = delete;
     RecordingHook &operator=(const RecordingHook &) = delete;
     bool allow;
+    std::function<bool(const std::u16string &)> declines;
     std::vector<std::u16string> statements;
 };
 
@@ -84,6 +108,12 @@ inline void expectNothingShown(const ScriptedRun &run) {
     EXPECT_TRUE(run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).empty());
 }
 
+// A scripted run that used all its lines without a failure.
+inline void expectPlayed(const ScriptedRun &run) {
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_EQ(run.pending(), 0) << run.report();
+}
+
 // The test driver's statement handles: none may be left open after an operation.
 inline void expectNoOpenStatements(const char *what) {
     EXPECT_EQ(testDriverStatementCounts().open(), 0) << what;
@@ -91,6 +121,32 @@ inline void expectNoOpenStatements(const char *what) {
 
 // Number of ODBC error dialogs shown in the run.
 inline size_t errorDialogsShown(const ScriptedRun &run) { return run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).size(); }
+
+// The text of a list view's cell.
+inline std::u16string listViewText(HWND view, int32_t item, int32_t subItem) {
+    char16_t text[1000] = {};
+    LVITEMW query{};
+    query.iSubItem = subItem;
+    query.pszText = text;
+    query.cchTextMax = 1000;
+    SendMessageW(view, LVM_GETITEMTEXTW, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&query));
+    return text;
+}
+
+// A string of the library's resource library, as its dialogs show it.
+inline std::u16string resourceText(int32_t id) {
+    char16_t text[1000] = {};
+    module::LoadTranslatedString(module::resourceLibrary(), id, text, 1000);
+    return text;
+}
+
+// A string value as the registry holds it (the fallback where there is none).
+inline std::u16string registryText(HKEY root, const char16_t *key, const char16_t *subKey, const char16_t *value,
+                                   const char16_t *fallback = u"") {
+    char16_t text[1000] = {};
+    Ostrel_ReadStringFromRegistry(root, key, 0, subKey, value, fallback, text, 1000, 0);
+    return text;
+}
 
 // A modeless dialog with one list box (id 1) to fill; create it inside a scripted run.
 class TestListBox {

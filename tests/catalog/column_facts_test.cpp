@@ -7,7 +7,7 @@
 namespace tabra::test {
 namespace {
 
-class ColumnFactsTest : public BackendTest {
+class ColumnFactsTest : public ConnectedBackendTest {
 protected:
     // The length asked is the transfer length in bytes of the driver's own C type for
     // the column: one byte per character from the ANSI SQLite driver, UTF-16 from
@@ -28,7 +28,7 @@ protected:
     // the prepare, which is shown.
     bool prepareFindsMissingNames() const { return backend() != Backend::PostgreSQL; }
 
-    void createItems(const OdbcConnection &connection) {
+    void prepare(const OdbcConnection &connection) override {
         std::u16string id;
         switch (backend()) {
         case Backend::SQLite: id = u"id INTEGER PRIMARY KEY AUTOINCREMENT"; break;
@@ -45,61 +45,52 @@ protected:
 };
 
 TEST_P(ColumnFactsTest, TypesAndLengthsComeFromTheStatementDescription) {
-    auto connection = connect();
-    createItems(connection);
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
-    EXPECT_EQ(Tabra_SqlDataTypeToTabraDataType(Tabra_GetColumnDataType(hdbc, u"items", u"id")), TdtInteger);
-    EXPECT_EQ(Tabra_SqlDataTypeToTabraDataType(Tabra_GetColumnDataType(hdbc, u"items", u"name")), TdtVarText);
-    EXPECT_EQ(Tabra_SqlDataTypeToTabraDataType(Tabra_GetColumnDataType(hdbc, u"items", u"price")), decimalDataType());
-    EXPECT_EQ(Tabra_GetColumnLength(hdbc, u"items", u"name"), textLength(40));
-    EXPECT_EQ(Tabra_GetColumnLength(hdbc, u"items", u"unit note"), textLength(10)); // quoted by the formatter
+    EXPECT_EQ(Tabra_SqlDataTypeToTabraDataType(Tabra_GetColumnDataType(hdbc(), u"items", u"id")), TdtInteger);
+    EXPECT_EQ(Tabra_SqlDataTypeToTabraDataType(Tabra_GetColumnDataType(hdbc(), u"items", u"name")), TdtVarText);
+    EXPECT_EQ(Tabra_SqlDataTypeToTabraDataType(Tabra_GetColumnDataType(hdbc(), u"items", u"price")), decimalDataType());
+    EXPECT_EQ(Tabra_GetColumnLength(hdbc(), u"items", u"name"), textLength(40));
+    EXPECT_EQ(Tabra_GetColumnLength(hdbc(), u"items", u"unit note"), textLength(10)); // quoted by the formatter
     // The statement is only prepared: no rows are needed, none are read.
-    executeSql(connection, u"INSERT INTO items (name, price) VALUES ('x', 1.5)");
-    EXPECT_EQ(Tabra_GetColumnLength(hdbc, u"items", u"name"), textLength(40));
+    executeSql(*connection_, u"INSERT INTO items (name, price) VALUES ('x', 1.5)");
+    EXPECT_EQ(Tabra_GetColumnLength(hdbc(), u"items", u"name"), textLength(40));
     expectNothingShown(run);
 }
 
 TEST_P(ColumnFactsTest, PropertiesAutoIncrementAndUpdatability) {
-    auto connection = connect();
-    createItems(connection);
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
     ColumnProperties id{}, name{};
-    EXPECT_EQ(Tabra_GetColumnProperties(hdbc, u"items", u"id", &id), 1);
-    EXPECT_EQ(Tabra_GetColumnProperties(hdbc, u"items", u"name", &name), 1);
+    EXPECT_EQ(Tabra_GetColumnProperties(hdbc(), u"items", u"id", &id), 1);
+    EXPECT_EQ(Tabra_GetColumnProperties(hdbc(), u"items", u"name", &name), 1);
     EXPECT_EQ(Tabra_SqlDataTypeToTabraDataType(id.sqlType), TdtInteger);
     EXPECT_EQ(id.autoIncrement, 1u);
     EXPECT_EQ(name.autoIncrement, 0u);
     EXPECT_EQ(name.length, textLength(40));
-    EXPECT_EQ(name.length, Tabra_GetColumnLength(hdbc, u"items", u"name"));
-    EXPECT_EQ(name.sqlType, Tabra_GetColumnDataType(hdbc, u"items", u"name"));
+    EXPECT_EQ(name.length, Tabra_GetColumnLength(hdbc(), u"items", u"name"));
+    EXPECT_EQ(name.sqlType, Tabra_GetColumnDataType(hdbc(), u"items", u"name"));
     EXPECT_LE(name.nullable, 1u);
     EXPECT_LE(name.updatable, 1u);
     EXPECT_LE(name.caseSensitive, 1u);
-    EXPECT_EQ(Tabra_IsColumnAutoIncrement(hdbc, u"items", u"id"), 1);
-    EXPECT_EQ(Tabra_IsColumnAutoIncrement(hdbc, u"items", u"price"), 0);
+    EXPECT_EQ(Tabra_IsColumnAutoIncrement(hdbc(), u"items", u"id"), 1);
+    EXPECT_EQ(Tabra_IsColumnAutoIncrement(hdbc(), u"items", u"price"), 0);
     // MariaDB answers "unknown", which counts as updatable; PostgreSQL answers "read-only"
     // unless the column was described before the question.
-    EXPECT_EQ(Tabra_IsColumnUpdateable(hdbc, u"items", u"name"), 1);
+    EXPECT_EQ(Tabra_IsColumnUpdateable(hdbc(), u"items", u"name"), 1);
     char16_t found[100] = u"#";
-    EXPECT_EQ(Tabra_FindFirstAutoIncrementField(hdbc, u"items", found, 100), 1);
+    EXPECT_EQ(Tabra_FindFirstAutoIncrementField(hdbc(), u"items", found, 100), 1);
     EXPECT_EQ(std::u16string(found), u"id");
-    EXPECT_EQ(Tabra_FindFirstAutoIncrementField(hdbc, u"keyless", found, 100), 2);
+    EXPECT_EQ(Tabra_FindFirstAutoIncrementField(hdbc(), u"keyless", found, 100), 2);
     EXPECT_EQ(found[0], u'\0');
-    EXPECT_EQ(Tabra_FindFirstAutoIncrementField(hdbc, u"no_such_table", found, 100), 2);
+    EXPECT_EQ(Tabra_FindFirstAutoIncrementField(hdbc(), u"no_such_table", found, 100), 2);
     expectNothingShown(run);
 }
 
 TEST_P(ColumnFactsTest, AMissingColumnIsShownAndGivesTheFailureValue) {
-    auto connection = connect();
-    createItems(connection);
-    SQLHDBC hdbc = connection.handle();
     size_t shown = prepareFindsMissingNames() ? 1 : 0;
     ScriptedRun run;
     for (size_t i = 0; i < 2 * shown; ++i) run.queue(click(core::ids::kErrorDialog.id, IDOK));
-    EXPECT_EQ(Tabra_GetColumnDataType(hdbc, u"items", u"no_such_column"), 0);
-    EXPECT_EQ(Tabra_GetColumnLength(hdbc, u"items", u"no_such_column"), -1);
+    EXPECT_EQ(Tabra_GetColumnDataType(hdbc(), u"items", u"no_such_column"), 0);
+    EXPECT_EQ(Tabra_GetColumnLength(hdbc(), u"items", u"no_such_column"), -1);
     EXPECT_FALSE(run.failed()) << run.report();
     EXPECT_EQ(errorDialogsShown(run), 2 * shown);
 
@@ -108,7 +99,7 @@ TEST_P(ColumnFactsTest, AMissingColumnIsShownAndGivesTheFailureValue) {
     ScriptedRun again;
     if (shown) again.queue(click(core::ids::kErrorDialog.id, IDOK));
     ColumnProperties properties{7, 7, 7, 7, 7, 7};
-    EXPECT_EQ(Tabra_GetColumnProperties(hdbc, u"no_such_table", u"id", &properties), prepareFindsMissingNames() ? 2 : 1);
+    EXPECT_EQ(Tabra_GetColumnProperties(hdbc(), u"no_such_table", u"id", &properties), prepareFindsMissingNames() ? 2 : 1);
     auto fields = [](const ColumnProperties &p) {
         return std::make_tuple(p.sqlType, p.autoIncrement, p.caseSensitive, p.length, p.nullable, p.updatable);
     };
@@ -118,10 +109,7 @@ TEST_P(ColumnFactsTest, AMissingColumnIsShownAndGivesTheFailureValue) {
 }
 
 TEST_P(ColumnFactsTest, PrimaryKeysInKeyOrderWithQuoting) {
-    auto connection = connect();
-    createItems(connection);
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
     // The list keeps the driver's row order: PostgreSQL's driver lists the key's own
     // order, SQLite's and MariaDB's list the key columns in the table's column order.
     const bool keyOrder = backend() == Backend::PostgreSQL;
@@ -143,19 +131,19 @@ TEST_P(ColumnFactsTest, PrimaryKeysInKeyOrderWithQuoting) {
     };
     for (const Case &c : cases) {
         std::u16string keys(200, u'#');
-        EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc, c.table, c.flags, c.separator, keys.data(), c.capacity), 1);
+        EXPECT_EQ(Tabra_GetPrimaryKeyColumns(hdbc(), c.table, c.flags, c.separator, keys.data(), c.capacity), 1);
         EXPECT_EQ(std::u16string(keys.c_str()), c.expected) << toUtf8(c.table) << " " << c.flags;
     }
 
     char16_t name[100] = u"#";
-    EXPECT_EQ(Tabra_GetPrimaryKeyName(hdbc, u"pairs", 0, name, 100), 1);
+    EXPECT_EQ(Tabra_GetPrimaryKeyName(hdbc(), u"pairs", 0, name, 100), 1);
     if (backend() == Backend::PostgreSQL) {
         EXPECT_EQ(std::u16string(name), u"pairs_pkey");
     }
     if (backend() == Backend::MariaDB) {
         EXPECT_EQ(std::u16string(name), u"PRIMARY");
     }
-    EXPECT_EQ(Tabra_GetPrimaryKeyName(hdbc, u"keyless", 0, name, 100), 1);
+    EXPECT_EQ(Tabra_GetPrimaryKeyName(hdbc(), u"keyless", 0, name, 100), 1);
     EXPECT_EQ(std::u16string(name), u"");
     expectNothingShown(run);
 }

@@ -6,9 +6,9 @@
 namespace tabra::test {
 namespace {
 
-class FieldListTest : public BackendTest {
+class FieldListTest : public ConnectedBackendTest {
 protected:
-    void createPair(const OdbcConnection &connection) {
+    void prepare(const OdbcConnection &connection) override {
         executeAll(connection, {u"CREATE TABLE fa (id INTEGER, name VARCHAR(40) NOT NULL)",
                                 u"CREATE TABLE fb (id INTEGER NOT NULL, price INTEGER, " + quoted(backend(), u"unit price") +
                                     u" INTEGER)"});
@@ -25,10 +25,7 @@ protected:
 };
 
 TEST_P(FieldListTest, NamesComeInCatalogOrderShapedByTheFlags) {
-    auto connection = connect();
-    createPair(connection);
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
     const std::u16string unitPrice = q(u"unit price");
     struct Case {
         const char16_t *tables;
@@ -49,49 +46,41 @@ TEST_P(FieldListTest, NamesComeInCatalogOrderShapedByTheFlags) {
         {u"fa\tfb", TABRA_FIELDS_QUALIFY_SHARED | TABRA_FIELDS_QUOTE, u",", u"fa.id,name,fb.id,price," + unitPrice},
         {u"fb", TABRA_FIELDS_QUALIFY | TABRA_FIELDS_QUOTE, u",", u"fb.id,fb.price,fb." + unitPrice},
     };
-    for (const Case &c : cases) EXPECT_EQ(fields(hdbc, c.tables, c.flags, c.separator), c.expected) << c.flags;
+    for (const Case &c : cases) EXPECT_EQ(fields(hdbc(), c.tables, c.flags, c.separator), c.expected) << c.flags;
     expectNothingShown(run);
 }
 
 TEST_P(FieldListTest, CapacitySkipsALongNameAndStillWritesALaterShortOne) {
-    auto connection = connect();
-    executeSql(connection, u"CREATE TABLE fc (a_rather_long_column_name_here INTEGER, b INTEGER, c INTEGER)");
+    executeSql(*connection_, u"CREATE TABLE fc (a_rather_long_column_name_here INTEGER, b INTEGER, c INTEGER)");
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
     // The bound counts the separator twice and the type text ("4") even without flag 2:
     // "b" needs more than 2 + 1 + 1 characters left.
-    EXPECT_EQ(fields(hdbc, u"fc", 0, u",", 5), u"b");
-    EXPECT_EQ(fields(hdbc, u"fc", 0, u",", 4), u"");
+    EXPECT_EQ(fields(hdbc(), u"fc", 0, u",", 5), u"b");
+    EXPECT_EQ(fields(hdbc(), u"fc", 0, u",", 4), u"");
     // After "b", "c" needs more than 4 left again.
-    EXPECT_EQ(fields(hdbc, u"fc", 0, u",", 6), u"b,c");
+    EXPECT_EQ(fields(hdbc(), u"fc", 0, u",", 6), u"b,c");
     char16_t one[1] = {u'#'};
-    EXPECT_EQ(Tabra_GetFields(hdbc, u"fc", 0, u",", one, 1), 1);
+    EXPECT_EQ(Tabra_GetFields(hdbc(), u"fc", 0, u",", one, 1), 1);
     EXPECT_EQ(one[0], u'\0');
     expectNothingShown(run);
 }
 
 TEST_P(FieldListTest, EmptyListsMissingTablesAndBadBuffers) {
-    auto connection = connect();
-    createPair(connection);
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
-    EXPECT_EQ(fields(hdbc, u"", 0), u"");
-    EXPECT_EQ(fields(hdbc, nullptr, 0), u"");
-    EXPECT_EQ(fields(hdbc, u"no_such_table", 0), u"");
-    EXPECT_EQ(fields(hdbc, u"no_such_table\tfa", 0), u"id,name");
-    EXPECT_EQ(Tabra_GetFields(hdbc, u"fa", 0, u",", nullptr, 100), 2);
+    EXPECT_EQ(fields(hdbc(), u"", 0), u"");
+    EXPECT_EQ(fields(hdbc(), nullptr, 0), u"");
+    EXPECT_EQ(fields(hdbc(), u"no_such_table", 0), u"");
+    EXPECT_EQ(fields(hdbc(), u"no_such_table\tfa", 0), u"id,name");
+    EXPECT_EQ(Tabra_GetFields(hdbc(), u"fa", 0, u",", nullptr, 100), 2);
     char16_t buffer[10];
-    EXPECT_EQ(Tabra_GetFields(hdbc, u"fa", 0, u",", buffer, 0), 2);
+    EXPECT_EQ(Tabra_GetFields(hdbc(), u"fa", 0, u",", buffer, 0), 2);
     expectNothingShown(run);
 }
 
 TEST_P(FieldListTest, CountsAndExistence) {
-    auto connection = connect();
-    createPair(connection);
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
-    EXPECT_EQ(Tabra_GetFieldCount(hdbc, u"fb"), 3);
-    EXPECT_EQ(Tabra_GetFieldCount(hdbc, u"no_such_table"), 0);
+    EXPECT_EQ(Tabra_GetFieldCount(hdbc(), u"fb"), 3);
+    EXPECT_EQ(Tabra_GetFieldCount(hdbc(), u"no_such_table"), 0);
     struct Case {
         const char16_t *table, *schema, *column;
         int32_t expected;
@@ -103,32 +92,28 @@ TEST_P(FieldListTest, CountsAndExistence) {
     for (const Case &c : cases) {
         SCOPED_TRACE(toUtf8(c.column));
         if (c.schema == nullptr) {
-            EXPECT_EQ(Tabra_DoesFieldExist(hdbc, c.table, c.column), c.expected);
+            EXPECT_EQ(Tabra_DoesFieldExist(hdbc(), c.table, c.column), c.expected);
         }
-        EXPECT_EQ(OdbcEh_DoesColumnExist(0, hdbc, c.table, c.schema, c.column), c.expected);
+        EXPECT_EQ(OdbcEh_DoesColumnExist(0, hdbc(), c.table, c.schema, c.column), c.expected);
     }
     expectNothingShown(run);
 }
 
 TEST_P(FieldListTest, ColumnNamesWithToleratedStates) {
-    auto connection = connect();
-    createPair(connection);
     ScriptedRun run;
     char16_t buffer[200];
-    EXPECT_EQ(OdbcEh_GetColumnNames(0, connection.handle(), u"fb", nullptr, 0, u";", u"42S02", buffer, 200), 1);
+    EXPECT_EQ(OdbcEh_GetColumnNames(0, hdbc(), u"fb", nullptr, 0, u";", u"42S02", buffer, 200), 1);
     EXPECT_EQ(std::u16string(buffer), u"id;price;unit price");
-    EXPECT_EQ(OdbcEh_GetColumnNames(0, connection.handle(), u"fa", nullptr, 0, nullptr, nullptr, buffer, 200), 1);
+    EXPECT_EQ(OdbcEh_GetColumnNames(0, hdbc(), u"fa", nullptr, 0, nullptr, nullptr, buffer, 200), 1);
     EXPECT_EQ(std::u16string(buffer), u"id\tname");
-    EXPECT_EQ(OdbcEh_GetColumnNames(0, connection.handle(), u"fb", nullptr, 0, u";", nullptr, buffer, 8), 1);
+    EXPECT_EQ(OdbcEh_GetColumnNames(0, hdbc(), u"fb", nullptr, 0, u";", nullptr, buffer, 8), 1);
     EXPECT_EQ(std::u16string(buffer), u"id;pric"); // bounded appends cut silently
     expectNothingShown(run);
 }
 
 TEST_P(FieldListTest, ResultColumnNamesOfAPreparedStatement) {
-    auto connection = connect();
-    createPair(connection);
     ScriptedRun run;
-    OdbcStatement statement(connection);
+    OdbcStatement statement(*connection_);
     std::u16string sql = u"SELECT id, name, id AS again FROM fa";
     ASSERT_TRUE(succeeded(SQLPrepareW(statement.handle(), reinterpret_cast<SQLWCHAR *>(sql.data()), SQL_NTS)));
     char16_t buffer[100];
@@ -145,21 +130,19 @@ TEST_P(FieldListTest, ResultColumnNamesOfAPreparedStatement) {
 }
 
 TEST_P(FieldListTest, BoxesAreFilledOrAddedTo) {
-    auto connection = connect();
-    createPair(connection);
     ScriptedRun run;
     TestListBox list;
     Ostrel_AddBoxEntry(list.handle(), u"kept", 0, -1, 0);
-    Tabra_FillFieldsBox(connection.handle(), u"fa\tfb", list.handle(), TABRA_FIELDS_QUALIFY_SHARED);
+    Tabra_FillFieldsBox(hdbc(), u"fa\tfb", list.handle(), TABRA_FIELDS_QUALIFY_SHARED);
     EXPECT_EQ(list.entries(), (std::vector<std::u16string>{u"fa.id", u"name", u"fb.id", u"price", u"unit price"}));
-    Tabra_FillFieldsBox(connection.handle(), nullptr, list.handle(), 0);
+    Tabra_FillFieldsBox(hdbc(), nullptr, list.handle(), 0);
     EXPECT_TRUE(list.entries().empty());
 
     Ostrel_AddBoxEntry(list.handle(), u"kept", 0, -1, 0);
-    EXPECT_EQ(Tabra_AddColumnsToBox(connection.handle(), nullptr, u"fa", list.handle(), 0), 1);
-    EXPECT_EQ(Tabra_AddColumnsToBox(connection.handle(), u" ", u"fa", list.handle(), TABRA_FIELDS_WITH_SCHEMA), 1);
-    EXPECT_EQ(Tabra_AddColumnsToBox(connection.handle(), nullptr, u"  ", list.handle(), 0), 1);
-    EXPECT_EQ(Tabra_AddColumnsToBox(connection.handle(), nullptr, u"fa", nullptr, 0), 1);
+    EXPECT_EQ(Tabra_AddColumnsToBox(hdbc(), nullptr, u"fa", list.handle(), 0), 1);
+    EXPECT_EQ(Tabra_AddColumnsToBox(hdbc(), u" ", u"fa", list.handle(), TABRA_FIELDS_WITH_SCHEMA), 1);
+    EXPECT_EQ(Tabra_AddColumnsToBox(hdbc(), nullptr, u"  ", list.handle(), 0), 1);
+    EXPECT_EQ(Tabra_AddColumnsToBox(hdbc(), nullptr, u"fa", nullptr, 0), 1);
     std::vector<std::u16string> expected{u"kept", u"id", u"name", u"id", u"name"};
     EXPECT_EQ(list.entries(), expected);
     expectNothingShown(run);
@@ -170,7 +153,7 @@ TEST_P(FieldListTest, BoxesAreFilledOrAddedTo) {
     // which is shown and fails.
     bool refused = backend() == Backend::MariaDB;
     if (refused) run.queue(click(core::ids::kErrorDialog.id, IDOK));
-    EXPECT_EQ(Tabra_AddColumnsToBox(connection.handle(), u"sch", u"fb", list.handle(),
+    EXPECT_EQ(Tabra_AddColumnsToBox(hdbc(), u"sch", u"fb", list.handle(),
                                     TABRA_FIELDS_QUALIFY | TABRA_FIELDS_WITH_SCHEMA | TABRA_FIELDS_NOT_NULL_ONLY),
               refused ? 2 : 1);
     if (backend() == Backend::SQLite) expected.emplace_back(u"sch.fb.id");

@@ -8,10 +8,11 @@
 namespace tabra::test {
 namespace {
 
-class TableListTest : public BackendTest {
+class TableListTest : public ConnectedBackendTest {
 protected:
     // Creates tables (and a view) whose names keep their case on every backend.
-    void createSample(const OdbcConnection &connection) {
+    void createSample() {
+        const OdbcConnection &connection = *connection_;
         for (const char16_t *name : {u"Alpha", u"Beta", u"USysRelations", u"ostrelsystable", u"usysfoo"})
             executeSql(connection, u"CREATE TABLE " + quoted(backend(), name) + u" (id INTEGER)");
         executeSql(connection, u"CREATE VIEW " + quoted(backend(), u"GammaView") + u" AS SELECT id FROM " +
@@ -22,8 +23,7 @@ protected:
 // Which of the sample's names each type selection lists: the bookkeeping tables
 // (USys..., case-sensitive prefix; OstrelSysTable in any case) only with system tables.
 TEST_P(TableListTest, TypeFlagsSelectAndTheBookkeepingTablesHideUnlessSystemTablesAreAsked) {
-    auto connection = connect();
-    createSample(connection);
+    createSample();
     ScriptedRun run;
     struct Case {
         int32_t flags;
@@ -39,19 +39,13 @@ TEST_P(TableListTest, TypeFlagsSelectAndTheBookkeepingTablesHideUnlessSystemTabl
         {TABRA_TABLE_TYPE_ALL, {u"GammaView", u"Beta"}, {u"USysRelations"}},
     };
     for (const Case &c : cases) {
-        auto tables = readTables(connection.handle(), c.flags);
+        auto tables = readTables(hdbc(), c.flags);
         EXPECT_EQ(tables.result, 0);
         for (const auto &name : c.listed) EXPECT_TRUE(contains(tables.items, name)) << c.flags << ": " << toUtf8(name);
         for (const auto &name : c.hidden) EXPECT_FALSE(contains(tables.items, name)) << c.flags << ": " << toUtf8(name);
     }
-    expectNothingShown(run);
-}
-
-TEST_P(TableListTest, SystemTablesWhereTheDatabaseHasThem) {
-    auto connection = connect();
-    createSample(connection);
-    ScriptedRun run;
-    auto system = readTables(connection.handle(), TABRA_TABLE_TYPE_SYSTEM_TABLE);
+    // System tables alone, where the database has them.
+    auto system = readTables(hdbc(), TABRA_TABLE_TYPE_SYSTEM_TABLE);
     EXPECT_EQ(system.result, 0);
     if (backend() == Backend::PostgreSQL) {
         EXPECT_FALSE(contains(system.items, u"Alpha")); // the catalog's own tables
@@ -60,35 +54,29 @@ TEST_P(TableListTest, SystemTablesWhereTheDatabaseHasThem) {
     expectNothingShown(run);
 }
 
-TEST_P(TableListTest, DefaultSeparatorIsACommaBetweenEntriesOnly) {
-    auto connection = connect();
-    for (const char16_t *name : {u"a1", u"b1", u"c1"}) executeSql(connection, u"CREATE TABLE " + std::u16string(name) + u" (id INTEGER)");
+// The default separator is a comma between entries only; a cut ends at the last whole
+// entry.
+TEST_P(TableListTest, SeparatorsAndCapacityCuts) {
+    for (const char16_t *name : {u"a1", u"b1", u"c1"}) executeSql(*connection_, u"CREATE TABLE " + std::u16string(name) + u" (id INTEGER)");
+    ScriptedRun run;
     char16_t buffer[2000];
-    ASSERT_EQ(Tabra_GetTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, nullptr), 0);
+    ASSERT_EQ(Tabra_GetTables(hdbc(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, nullptr), 0);
     std::u16string text = buffer;
     // Other backends may list tables of their own; ours stand together, in catalog order.
     EXPECT_NE(text.find(u"a1,b1,c1"), std::u16string::npos) << toUtf8(text);
     EXPECT_NE(text.front(), u',');
     EXPECT_NE(text.back(), u',');
-    ASSERT_EQ(Tabra_GetTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, u" | "), 0);
+    ASSERT_EQ(Tabra_GetTables(hdbc(), TABRA_TABLE_TYPE_TABLE, buffer, 2000, u" | "), 0);
     EXPECT_NE(std::u16string(buffer).find(u"a1 | b1 | c1"), std::u16string::npos);
-}
-
-TEST_P(TableListTest, CapacityCutsEndAtTheLastWholeEntry) {
-    auto connection = connect();
-    for (const char16_t *name : {u"t_one", u"t_two", u"t_three"})
-        executeSql(connection, u"CREATE TABLE " + std::u16string(name) + u" (id INTEGER)");
-    ScriptedRun run;
-    char16_t buffer[64];
     buffer[0] = u'#';
-    EXPECT_EQ(Tabra_GetTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, buffer, 1, u"\t"), 0);
+    EXPECT_EQ(Tabra_GetTables(hdbc(), TABRA_TABLE_TYPE_TABLE, buffer, 1, u"\t"), 0);
     EXPECT_EQ(buffer[0], u'\0');
 
-    auto full = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE);
+    auto full = readTables(hdbc(), TABRA_TABLE_TYPE_TABLE);
     ASSERT_GE(full.items.size(), 3u);
     // Room for the first entry and its separator only: later entries do not start.
     int32_t capacity = static_cast<int32_t>(full.items[0].size() + full.items[1].size()) + 1;
-    auto cut = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, capacity);
+    auto cut = readTables(hdbc(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, capacity);
     EXPECT_EQ(cut.result, 0);
     EXPECT_LT(static_cast<int32_t>(cut.text.size()), capacity);
     ASSERT_EQ(cut.items.size(), 1u) << toUtf8(cut.text);
@@ -97,22 +85,19 @@ TEST_P(TableListTest, CapacityCutsEndAtTheLastWholeEntry) {
 }
 
 TEST_P(TableListTest, AnEmptyCatalogGivesAnEmptyListAndNothingExists) {
-    auto connection = connect();
     ScriptedRun run;
-    auto tables = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_VIEW);
+    auto tables = readTables(hdbc(), TABRA_TABLE_TYPE_TABLE | TABRA_TABLE_TYPE_VIEW);
     EXPECT_EQ(tables.result, 0);
     for (const auto &name : tables.items) // a server may list tables of its own, never ours
         EXPECT_EQ(name.find(u"Alpha"), std::u16string::npos);
-    EXPECT_EQ(Tabra_DoesTableExist(connection.handle(), TABRA_TABLE_TYPE_ALL, u"Alpha"), 0);
-    EXPECT_EQ(OdbcEh_DoesTableExist(0, connection.handle(), TABRA_TABLE_TYPE_ALL, nullptr, u"Alpha", 0), 0);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc(), TABRA_TABLE_TYPE_ALL, u"Alpha"), 0);
+    EXPECT_EQ(OdbcEh_DoesTableExist(0, hdbc(), TABRA_TABLE_TYPE_ALL, nullptr, u"Alpha", 0), 0);
     expectNothingShown(run);
 }
 
 TEST_P(TableListTest, ExistenceIgnoresCaseAndHonoursTheTypes) {
-    auto connection = connect();
-    createSample(connection);
+    createSample();
     ScriptedRun run;
-    SQLHDBC hdbc = connection.handle();
     struct Case {
         int32_t flags;
         const char16_t *schema, *name;
@@ -134,28 +119,27 @@ TEST_P(TableListTest, ExistenceIgnoresCaseAndHonoursTheTypes) {
     for (const Case &c : cases) {
         SCOPED_TRACE(toUtf8(c.name ? c.name : u"(null)"));
         if (c.schema == nullptr) {
-            EXPECT_EQ(Tabra_DoesTableExist(hdbc, c.flags, c.name), c.inList);
+            EXPECT_EQ(Tabra_DoesTableExist(hdbc(), c.flags, c.name), c.inList);
         }
-        EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc, c.flags, c.schema, c.name, 0), c.inCatalog);
+        EXPECT_EQ(OdbcEh_DoesTableExist(7, hdbc(), c.flags, c.schema, c.name, 0), c.inCatalog);
     }
     expectNothingShown(run);
 }
 
 TEST_P(TableListTest, TheLeanListHasNoFilterAndBareNames) {
-    auto connection = connect();
-    createSample(connection);
+    createSample();
     ScriptedRun run;
     char16_t buffer[30000];
-    ASSERT_EQ(OdbcEh_GetTablesExtended(0, connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, buffer, 30000,
+    ASSERT_EQ(OdbcEh_GetTablesExtended(0, hdbc(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, buffer, 30000,
                                        u"\t"),
               0);
     auto items = splitList(buffer);
     for (const char16_t *name : {u"Alpha", u"Beta", u"USysRelations", u"ostrelsystable", u"usysfoo"})
         EXPECT_TRUE(contains(items, name)) << toUtf8(name);
     buffer[0] = u'#';
-    EXPECT_EQ(OdbcEh_GetTablesExtended(0, connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, buffer, 1, u"\t"), 0);
+    EXPECT_EQ(OdbcEh_GetTablesExtended(0, hdbc(), TABRA_TABLE_TYPE_TABLE, nullptr, 0, buffer, 1, u"\t"), 0);
     EXPECT_EQ(buffer[0], u'\0');
-    ASSERT_EQ(OdbcEh_GetTablesExtended(0, connection.handle(), TABRA_TABLE_TYPE_VIEW, nullptr, 0, buffer, 30000,
+    ASSERT_EQ(OdbcEh_GetTablesExtended(0, hdbc(), TABRA_TABLE_TYPE_VIEW, nullptr, 0, buffer, 30000,
                                        nullptr),
               0);
     EXPECT_NE(std::u16string(buffer).find(u"GammaView"), std::u16string::npos);
@@ -163,22 +147,21 @@ TEST_P(TableListTest, TheLeanListHasNoFilterAndBareNames) {
 }
 
 TEST_P(TableListTest, BoxFillersReplaceTheEntriesWithTheList) {
-    auto connection = connect();
-    createSample(connection);
+    createSample();
     ScriptedRun run;
     TestListBox list;
     HWND box = list.handle();
     ASSERT_NE(box, nullptr);
     Ostrel_AddBoxEntry(box, u"stale entry", 0, -1, 0);
-    EXPECT_EQ(Tabra_FillTablesBox(connection.handle(), TABRA_TABLE_TYPE_TABLE, box), 0);
+    EXPECT_EQ(Tabra_FillTablesBox(hdbc(), TABRA_TABLE_TYPE_TABLE, box), 0);
     auto entries = list.entries();
     EXPECT_FALSE(contains(entries, u"stale entry"));
     EXPECT_TRUE(contains(entries, u"Alpha"));
     EXPECT_TRUE(contains(entries, u"Beta"));
     EXPECT_FALSE(contains(entries, u"USysRelations"));
     // Qualify flag 2 fills sorted (ignoring case).
-    executeSql(connection, u"CREATE TABLE aardvark (id INTEGER)");
-    EXPECT_EQ(Tabra_FillTablesBoxExtended(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, TABRA_QUALIFY_SORTED, box), 0);
+    executeSql(*connection_, u"CREATE TABLE aardvark (id INTEGER)");
+    EXPECT_EQ(Tabra_FillTablesBoxExtended(hdbc(), TABRA_TABLE_TYPE_TABLE, nullptr, TABRA_QUALIFY_SORTED, box), 0);
     auto sorted = list.entries();
     auto position = [&](std::u16string_view name) { return std::find(sorted.begin(), sorted.end(), name) - sorted.begin(); };
     EXPECT_LT(position(u"aardvark"), position(u"Alpha"));
@@ -188,16 +171,12 @@ TEST_P(TableListTest, BoxFillersReplaceTheEntriesWithTheList) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(TableListTest);
-
 // A catalog of several thousand tables: the list for the existence test is cut at
 // 10000 characters, so a late table counts as absent there, while the row-by-row test
 // still finds it.
-class LongCatalogTest : public BackendTest {};
-
-TEST_P(LongCatalogTest, ListsAreCutAtTheirCapacity) {
+TEST_P(TableListTest, LongCatalogListsAreCutAtTheirCapacity) {
     if (backend() == Backend::MariaDB) GTEST_SKIP() << "the long catalog is built on SQLite and PostgreSQL";
-    auto connection = connect();
+    const OdbcConnection &connection = *connection_;
     constexpr int kTables = 2500;
     if (backend() == Backend::PostgreSQL) {
         executeSql(connection, u"DO $$ BEGIN FOR i IN 1..2500 LOOP EXECUTE format('CREATE TABLE long_catalog_table_%s "
@@ -228,14 +207,10 @@ TEST_P(LongCatalogTest, ListsAreCutAtTheirCapacity) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(LongCatalogTest);
-
 // PostgreSQL knows schemas: qualified entries, the schema argument, and the
 // qualified existence test.
-class SchemaTableListTest : public BackendTest {};
-
-TEST_P(SchemaTableListTest, EntriesAreQualifiedWhereTheDriverKnowsSchemas) {
-    auto connection = connect();
+TEST_P(TableListTest, EntriesAreQualifiedWhereTheDriverKnowsSchemas) {
+    const OdbcConnection &connection = *connection_;
     executeAll(connection, {u"CREATE TABLE plain_table (id INTEGER)"});
     bool schemas = backend() == Backend::PostgreSQL;
     if (schemas)
@@ -267,7 +242,7 @@ TEST_P(SchemaTableListTest, EntriesAreQualifiedWhereTheDriverKnowsSchemas) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(SchemaTableListTest);
+TABRA_INSTANTIATE_BACKEND_TEST(TableListTest);
 
 } // namespace
 } // namespace tabra::test

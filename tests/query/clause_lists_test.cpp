@@ -1,19 +1,9 @@
 // Scanning clause lists into names and list boxes and writing boxes back; the sort
 // direction toggle and the alias dialog (scripted).
-#include "core/module/module_state.h"
-#include "core/resource_ids.h"
+#include "catalog/catalog_test_support.h"
 #include "query/resource_ids.h"
-#include "support/backend_test.h"
 #include "support/box_contents.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
-#include "support/test_text.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -75,26 +65,24 @@ protected:
 
 TEST_F(ClauseBoxTest, ColumnsWithAliasesBothWays) {
     Tabra_Select_FieldsClause_To_FieldsBox(nullptr, u"SELECT a AS x, b y, c, *  FROM t", TABRA_BOX_WITH_ALIAS, box_);
-    using E = std::vector<std::pair<std::u16string, LPARAM>>;
-    EXPECT_EQ(entries(), (E{{u"a\tx", 0}, {u"b\ty", 0}, {u"c", 0}, {u"*", 0}}));
+    EXPECT_EQ(entries(), (BoxEntries{{u"a\tx", 0}, {u"b\ty", 0}, {u"c", 0}, {u"*", 0}}));
     char16_t statement[200] = u"SELECT q FROM t WHERE a = 1";
     EXPECT_EQ(Tabra_Select_FieldsBox_To_FieldsClause(nullptr, box_, statement, 200), 0);
     EXPECT_EQ(std::u16string(statement), u"SELECT a AS x,b AS y,c,* FROM t WHERE a = 1");
     Tabra_Select_FieldsClause_To_FieldsBox(nullptr, u"SELECT a AS x FROM t", 0, box_);
-    EXPECT_EQ(entries(), (E{{u"a", 0}}));
+    EXPECT_EQ(entries(), (BoxEntries{{u"a", 0}}));
 }
 
 TEST_F(ClauseBoxTest, TablesAndSortOrder) {
-    using E = std::vector<std::pair<std::u16string, LPARAM>>;
     Tabra_Select_TablesClause_To_TablesBox(nullptr, u"SELECT * FROM a x, OUTER b", 0, box_);
-    EXPECT_EQ(entries(), (E{{u"a", 0}, {u"b", 0}}));
+    EXPECT_EQ(entries(), (BoxEntries{{u"a", 0}, {u"b", 0}}));
     char16_t statement[200] = u"";
     EXPECT_EQ(Tabra_Select_TablesBox_To_TablesClause(nullptr, box_, statement, 200), 0);
     EXPECT_EQ(std::u16string(statement), u"SELECT FROM a,b");
 
     Tabra_Select_OrderByClause_To_OrderByBox(nullptr, u"SELECT a FROM t ORDER BY a DESC, b", TABRA_BOX_WITH_DIRECTION,
                                              box_);
-    EXPECT_EQ(entries(), (E{{u"a\tdescending", 1}, {u"b\tascending", 0}}));
+    EXPECT_EQ(entries(), (BoxEntries{{u"a\tdescending", 1}, {u"b\tascending", 0}}));
     char16_t sorted[200] = u"SELECT a FROM t WHERE c > 1";
     EXPECT_EQ(Tabra_Select_OrderByBox_To_OrderByClause(nullptr, box_, sorted, 200), 0);
     EXPECT_EQ(std::u16string(sorted), u"SELECT a FROM t WHERE c > 1 ORDER BY a DESC,b");
@@ -102,7 +90,7 @@ TEST_F(ClauseBoxTest, TablesAndSortOrder) {
     Ostrel_SetBoxIndex(box_, 1);
     EXPECT_EQ(Tabra_OrderByBox_ToggleDirection(box_, -1), 1);
     EXPECT_EQ(Tabra_OrderByBox_ToggleDirection(box_, 0), 0);
-    EXPECT_EQ(entries(), (E{{u"a\tascending", 0}, {u"b\tdescending", 1}}));
+    EXPECT_EQ(entries(), (BoxEntries{{u"a\tascending", 0}, {u"b\tdescending", 1}}));
     EXPECT_EQ(Ostrel_GetBoxIndex(box_), 0);
 }
 
@@ -115,8 +103,7 @@ TEST_F(ClauseBoxTest, AliasDialogAcceptsOnlyTheAliasAlphabet) {
     EXPECT_EQ(Tabra_FieldsBox_EditAlias(box_, 1), 1);
     EXPECT_FALSE(run.failed()) << run.report();
     EXPECT_EQ(run.records(TABRA_RECORD_BEEP).size(), 1u);
-    using E = std::vector<std::pair<std::u16string, LPARAM>>;
-    EXPECT_EQ(entries(), (E{{u"price", 0}, {u"qty\ttx_9", 0}}));
+    EXPECT_EQ(entries(), (BoxEntries{{u"price", 0}, {u"qty\ttx_9", 0}}));
     EXPECT_EQ(Ostrel_GetBoxIndex(box_), 1);
 
     run.queue(onDialog(kAliasDialog.id, "expect", kAliasDialog.alias, "\"tx_9\""));

@@ -1,23 +1,16 @@
 // Generated WHERE and SET texts run on every backend: the rows a descriptor selects
 // are the rows the user meant. Column names need quoting (blanks, mixed case).
-#include "support/backend_test.h"
-#include "support/test_text.h"
+#include "catalog/catalog_test_support.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace {
 
 using namespace tabra::test;
 
-class SelectionBackendTest : public BackendTest {
+class SelectionBackendTest : public ConnectedBackendTest {
 protected:
     // id INTEGER, "Amount Due" DECIMAL, "Name" text, "Born On" DATE.
-    OdbcConnection createRows() {
-        OdbcConnection connection = connect();
+    void prepare(const OdbcConnection &connection) override {
         quote_ = infoText(connection, SQL_IDENTIFIER_QUOTE_CHAR);
         executeSql(connection, u"CREATE TABLE sel_rows (id INTEGER, " + q(u"Amount Due") + u" DECIMAL(10,2), " +
                                    q(u"Last Name") + u" VARCHAR(40), " + q(u"Born On") + u" DATE)");
@@ -28,7 +21,6 @@ protected:
                                    u"INSERT INTO sel_rows VALUES (4, 0.25, NULL, NULL)",
                                    u"INSERT INTO sel_rows VALUES (5, 99, '50% off', '2024-02-29')",
                                });
-        return connection;
     }
     std::u16string q(const std::u16string &name) const { return quote_ + name + quote_; }
 
@@ -48,7 +40,7 @@ private:
 
 // What each condition selects of the sample rows, run on the database.
 TEST_P(SelectionBackendTest, ConditionsSelectTheRowsTheyDescribe) {
-    OdbcConnection connection = createRows();
+    const OdbcConnection &connection = *connection_;
     struct Case {
         const char16_t *descriptor, *ids;
     };
@@ -78,7 +70,7 @@ TEST_P(SelectionBackendTest, ConditionsSelectTheRowsTheyDescribe) {
 }
 
 TEST_P(SelectionBackendTest, SetListUpdatesTheRows) {
-    OdbcConnection connection = createRows();
+    const OdbcConnection &connection = *connection_;
     char16_t assignments[1000];
     Tabra_OpDesc_To_SetClause(connection.handle(),
                               u"Last Name\tSCO\tSchmitz\t12\nAmount Due\tSFI\tid\t3\nBorn On\tSNU\t\t9\n"
@@ -97,7 +89,7 @@ TEST_P(SelectionBackendTest, SetListUpdatesTheRows) {
 // A column named like a keyword and literals holding keywords: the condition runs as it
 // is, and put into a statement through the clause functions it still selects the rows.
 TEST_P(SelectionBackendTest, KeywordsInNamesAndLiteralsAndUmlauts) {
-    OdbcConnection connection = connect();
+    const OdbcConnection &connection = *connection_;
     executeSql(connection, u"CREATE TABLE sel_keys (id INTEGER, from_date DATE, note VARCHAR(40))");
     executeAll(connection, {
                                u"INSERT INTO sel_keys VALUES (1, '2024-01-01', 'select x from y where z')",

@@ -2,15 +2,9 @@
 // saving a selection mask and loading it again; the mask files' bytes.
 #include "query/mask_file.h"
 #include "query/resource_ids.h"
+#include "rowset/row_set_test_support.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
-#include "support/test_text.h"
 #include "tabra.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace {
 
@@ -21,15 +15,6 @@ using ids::kSelectionDialog;
 constexpr ConditionRow kRows[] = TABRA_SELECTION_DIALOG_ROWS;
 
 constexpr char16_t kColumns[] = u"Name\t12\tid\t4\tBorn On\t9";
-
-std::string utf16le(const std::u16string &text) {
-    std::string bytes;
-    for (char16_t c : text) {
-        bytes += static_cast<char>(c & 0xFF);
-        bytes += static_cast<char>(c >> 8);
-    }
-    return bytes;
-}
 
 class SelectionDialogTest : public ::testing::Test {
 protected:
@@ -166,8 +151,7 @@ TEST(SelectionMaskFile, BytesAndEndMark) {
     run.queue(answer(ids::kMessage.maskNotWritten, "ok"));
     EXPECT_EQ(tabra::query::writeMaskFile(toUtf16((directory.path() / "no" / "x.sms").string()), forty), -1);
     EXPECT_EQ(tabra::query::writeMaskFile(u"/dev/full", forty), -1);
-    EXPECT_FALSE(run.failed());
-    EXPECT_EQ(run.pending(), 0);
+    expectPlayed(run);
 }
 
 } // namespace

@@ -5,24 +5,18 @@
 namespace tabra::test {
 namespace {
 
-class RowSetFileTest : public BackendTest {
+class RowSetFileTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        connection_ = std::make_unique<OdbcConnection>(dataSource());
+    void prepare(const OdbcConnection &connection) override {
         std::u16string timestamp = backend() == Backend::PostgreSQL ? u"TIMESTAMP" : u"DATETIME";
-        executeAll(*connection_,
+        executeAll(connection,
                    {u"CREATE TABLE people (id INTEGER, name VARCHAR(40), note VARCHAR(200), amount INTEGER, "
                     u"price DECIMAL(10,2), seen " + timestamp + u")",
                     u"INSERT INTO people VALUES (1, 'O''Neil', 'a\tb\nc', NULL, 12.50, '2024-03-05 14:07:09')",
                     u"INSERT INTO people VALUES (2, NULL, 'M\u00fcller', 7, NULL, NULL)",
                     u"INSERT INTO people VALUES (3, '', '" + wideText() + u"', 0, -3.25, '1999-12-31 23:59:59')"});
     }
-    // Umlauts everywhere; the ANSI SQLite driver carries no character outside the BMP,
-    // the servers do (and Ø, whose low byte 0xD8 one driver miscounts).
-    std::u16string wideText() const {
-        return backend() == Backend::SQLite ? u"Gr\u00fc\u00dfe \u20ac" : u"Gr\u00fc\u00dfe \U0001F600 \u00d8";
-    }
+    std::u16string wideText() const { return test::wideText(backend()); }
     // 12.50 as the database writes a DECIMAL(10,2).
     std::u16string twelveFifty() const { return backend() == Backend::SQLite ? u"12.5" : u"12.50"; }
     // The SQLite driver calls a DECIMAL column VARCHAR, so its values are written as
@@ -49,7 +43,6 @@ protected:
     }
 
     static constexpr const char16_t *kAllPeople = u"SELECT id, name, note, amount, price, seen FROM people ORDER BY id";
-    std::unique_ptr<OdbcConnection> connection_;
     ScratchFolder scratch_;
 };
 

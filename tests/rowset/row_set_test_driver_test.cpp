@@ -4,8 +4,6 @@
 #include "row_set_test_support.h"
 
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
 
@@ -16,8 +14,8 @@ class RowSetTestDriverTest : public TestDriverTest {
 protected:
     void SetUp() override {
         TestDriverTest::SetUp();
-        auto setup = connect(dsn::TestDriver);
-        executeAll(setup, {u"CREATE TABLE items (id INTEGER, name VARCHAR(20), code VARCHAR(10))",
+        connection_.emplace(connect(dsn::TestDriver));
+        executeAll(*connection_, {u"CREATE TABLE items (id INTEGER, name VARCHAR(20), code VARCHAR(10))",
                            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 250) "
                            u"INSERT INTO items SELECT i, 'item ' || i, CASE WHEN i % 2 = 0 THEN 'c' || i END FROM n"});
     }
@@ -27,7 +25,9 @@ protected:
         return OdbcEh_SelectRowSetToFile(0, connection, statement, nullptr, nullptr, name.c_str(), count, tolerated,
                                          flags);
     }
+    SQLHDBC hdbc() const { return connection_->handle(); }
     static constexpr const char16_t *kFirstTwo = u"SELECT id, name FROM items WHERE id <= 2 ORDER BY id";
+    std::optional<OdbcConnection> connection_;
     ScratchFolder scratch_;
 };
 
@@ -41,7 +41,6 @@ void expectFileError(const ScriptedRun &run, int32_t stringId, const std::u16str
 }
 
 TEST_F(RowSetTestDriverTest, FileErrorsAreShownAndLeaveNothingBehind) {
-    auto connection = connect(dsn::TestDriver);
     std::ofstream(scratch_.path() / "plain.txt") << "plain";
     std::filesystem::create_directory(scratch_.path() / "folder");
     struct Case {
@@ -58,7 +57,7 @@ TEST_F(RowSetTestDriverTest, FileErrorsAreShownAndLeaveNothingBehind) {
         run.queue(answer(c.message, "ok"));
         auto name = scratch_.file(c.target);
         int32_t count = 5;
-        EXPECT_EQ(exportTo(connection.handle(), name, kFirstTwo, &count), 2) << c.target;
+        EXPECT_EQ(exportTo(hdbc(), name, kFirstTwo, &count), 2) << c.target;
         EXPECT_EQ(count, 0);
         expectFileError(run, c.message, name);
     }
@@ -73,7 +72,6 @@ TEST_F(RowSetTestDriverTest, FileErrorsAreShownAndLeaveNothingBehind) {
 // check runs in a child process that gave up root; a file marked immutable stops root
 // itself (a different error: not permitted, code 6).
 TEST_F(RowSetTestDriverTest, AFileThatMayNotBeWrittenStaysAsItWas) {
-    auto connection = connect(dsn::TestDriver);
     auto name = scratch_.file("locked.txt");
     std::ofstream(toUtf8(name)) << "old";
     ::chmod(toUtf8(name).c_str(), 0444);
@@ -81,7 +79,7 @@ TEST_F(RowSetTestDriverTest, AFileThatMayNotBeWrittenStaysAsItWas) {
         ScriptedRun run;
         constexpr int32_t denied = OSTREL_FILE_ERROR_STRINGS + OSTREL_FILE_ERROR_ACCESS;
         run.queue(answer(denied, "ok"));
-        bool refused = exportTo(connection.handle(), name, kFirstTwo) == 2;
+        bool refused = exportTo(hdbc(), name, kFirstTwo) == 2;
         bool shown = run.records(TABRA_RECORD_MESSAGE, denied).size() == 1 && !run.failed();
         return refused && shown && fileBytes(name) == "old" && scratch_.entries().size() == 1;
     };
@@ -89,21 +87,13 @@ TEST_F(RowSetTestDriverTest, AFileThatMayNotBeWrittenStaysAsItWas) {
         EXPECT_TRUE(check());
     } else {
         ::chmod(scratch_.path().c_str(), 0777);
-        pid_t child = ::fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            bool dropped = ::setgid(65534) == 0 && ::setuid(65534) == 0;
-            std::_Exit(dropped && check() ? 0 : 1);
-        }
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the unprivileged export did not fail as it should";
+        EXPECT_TRUE(inChild(check, true)) << "the unprivileged export did not fail as it should";
         std::string immutable = "chattr +i '" + toUtf8(name) + "' 2>/dev/null";
         if (std::system(immutable.c_str()) == 0) {
             ScriptedRun run;
             constexpr int32_t other = OSTREL_FILE_ERROR_STRINGS + OSTREL_FILE_ERROR_OTHER;
             run.queue(answer(other, "ok"));
-            EXPECT_EQ(exportTo(connection.handle(), name, kFirstTwo), 2);
+            EXPECT_EQ(exportTo(hdbc(), name, kFirstTwo), 2);
             expectFileError(run, other, name);
             std::system(("chattr -i '" + toUtf8(name) + "'").c_str());
         }
@@ -114,21 +104,20 @@ TEST_F(RowSetTestDriverTest, AFileThatMayNotBeWrittenStaysAsItWas) {
 }
 
 TEST_F(RowSetTestDriverTest, AFailedTransferKeepsTheOldFileAndASuccessfulOneReplacesIt) {
-    auto connection = connect(dsn::TestDriver);
     auto name = scratch_.file("out.txt");
     std::ofstream(toUtf8(name)) << "old";
     ::chmod(toUtf8(name).c_str(), 0640);
     {
         ScriptedRun run;
         run.queue(click(core::ids::kErrorDialog.id, IDOK));
-        EXPECT_EQ(exportTo(connection.handle(), name, u"SELECT id FROM no_such_table"), 2);
+        EXPECT_EQ(exportTo(hdbc(), name, u"SELECT id FROM no_such_table"), 2);
         EXPECT_EQ(errorDialogsShown(run), 1u);
         EXPECT_FALSE(run.failed()) << run.report();
     }
     EXPECT_EQ(fileBytes(name), "old");
     EXPECT_EQ(scratch_.entries(), std::vector<std::string>{"out.txt"});
     ScriptedRun run;
-    EXPECT_EQ(exportTo(connection.handle(), name, kFirstTwo), 1);
+    EXPECT_EQ(exportTo(hdbc(), name, kFirstTwo), 1);
     EXPECT_EQ(fileBytes(name), utf16le(u"1\titem 1\n2\titem 2"));
     struct stat info {};
     ::stat(toUtf8(name).c_str(), &info);
@@ -139,9 +128,9 @@ TEST_F(RowSetTestDriverTest, AFailedTransferKeepsTheOldFileAndASuccessfulOneRepl
 }
 
 TEST_F(RowSetTestDriverTest, ToleratedStatesAreSilentAndOthersAreShown) {
-    auto failing = addDataSource({{"FailPattern", "FROM items"}, {"FailState", "42S02"}});
-    auto connection = connect(failing);
-    SQLHDBC hdbc = connection.handle();
+    auto dataSource = addDataSource({{"FailPattern", "FROM items"}, {"FailState", "42S02"}});
+    auto connection = connect(dataSource);
+    SQLHDBC failing = connection.handle();
     auto name = scratch_.file("out.txt");
     TestListBox box;
     char16_t buffer[100];
@@ -152,11 +141,11 @@ TEST_F(RowSetTestDriverTest, ToleratedStatesAreSilentAndOthersAreShown) {
         ScriptedRun run;
         if (!silent)
             for (int i = 0; i < 5; ++i) run.queue(click(core::ids::kErrorDialog.id, IDOK));
-        EXPECT_EQ(OdbcEh_PerformSqlStatement(0, hdbc, u"DELETE FROM items", tolerated), silent ? 1 : 2);
-        EXPECT_EQ(exportTo(hdbc, name, statement, nullptr, 0, tolerated), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc, statement, nullptr, nullptr, buffer, 100, tolerated, 0), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc, statement, box.handle(), tolerated, 0), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc, statement, box.handle(), tolerated, 0), 2);
+        EXPECT_EQ(OdbcEh_PerformSqlStatement(0, failing, u"DELETE FROM items", tolerated), silent ? 1 : 2);
+        EXPECT_EQ(exportTo(failing, name, statement, nullptr, 0, tolerated), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, failing, statement, nullptr, nullptr, buffer, 100, tolerated, 0), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, failing, statement, box.handle(), tolerated, 0), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, failing, statement, box.handle(), tolerated, 0), 2);
         EXPECT_EQ(errorDialogsShown(run), silent ? 0u : 5u);
         EXPECT_FALSE(run.failed()) << run.report();
     }
@@ -165,50 +154,47 @@ TEST_F(RowSetTestDriverTest, ToleratedStatesAreSilentAndOthersAreShown) {
 }
 
 TEST_F(RowSetTestDriverTest, RefusedStatementsAndBadArgumentsGiveTwoQuietly) {
-    auto connection = connect(dsn::TestDriver);
-    SQLHDBC hdbc = connection.handle();
     auto name = scratch_.file("out.txt");
     TestListBox box;
     char16_t buffer[100];
     ScriptedRun run;
     {
-        RefusingHook refuse;
-        EXPECT_EQ(OdbcEh_PerformSqlStatement(0, hdbc, u"DELETE FROM items", nullptr), 2);
-        EXPECT_EQ(exportTo(hdbc, name, kFirstTwo), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc, kFirstTwo, nullptr, nullptr, buffer, 100, nullptr, 0), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc, kFirstTwo, box.handle(), nullptr, 0), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc, kFirstTwo, box.handle(), nullptr, 0), 2);
-        EXPECT_EQ(refuse.refused, 5);
+        RecordingHook refuse(false);
+        EXPECT_EQ(OdbcEh_PerformSqlStatement(0, hdbc(), u"DELETE FROM items", nullptr), 2);
+        EXPECT_EQ(exportTo(hdbc(), name, kFirstTwo), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc(), kFirstTwo, nullptr, nullptr, buffer, 100, nullptr, 0), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc(), kFirstTwo, box.handle(), nullptr, 0), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc(), kFirstTwo, box.handle(), nullptr, 0), 2);
+        EXPECT_EQ(refuse.statements.size(), 5u);
     }
-    EXPECT_EQ(queryValue(connection, u"SELECT count(*) FROM items"), u"250") << "the refused DELETE did not run";
+    EXPECT_EQ(queryValue(*connection_, u"SELECT count(*) FROM items"), u"250") << "the refused DELETE did not run";
     for (const char16_t *blank : {static_cast<const char16_t *>(nullptr), u"", u" \t\n"}) {
-        EXPECT_EQ(OdbcEh_PerformSqlStatement(0, hdbc, blank, nullptr), 2);
-        EXPECT_EQ(exportTo(hdbc, name, blank), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc, blank, box.handle(), nullptr, 0), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc, blank, box.handle(), nullptr, 0), 2);
-        EXPECT_EQ(OdbcEh_SelectRowSetToFile(0, hdbc, kFirstTwo, nullptr, nullptr, blank, nullptr, nullptr, 0), 2);
+        EXPECT_EQ(OdbcEh_PerformSqlStatement(0, hdbc(), blank, nullptr), 2);
+        EXPECT_EQ(exportTo(hdbc(), name, blank), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc(), blank, box.handle(), nullptr, 0), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc(), blank, box.handle(), nullptr, 0), 2);
+        EXPECT_EQ(OdbcEh_SelectRowSetToFile(0, hdbc(), kFirstTwo, nullptr, nullptr, blank, nullptr, nullptr, 0), 2);
     }
     EXPECT_EQ(OdbcEh_PerformSqlStatement(0, nullptr, u"DELETE FROM items", nullptr), 2);
     EXPECT_EQ(exportTo(nullptr, name, kFirstTwo), 2);
-    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc, kFirstTwo, nullptr, nullptr, 0), 2);
-    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc, kFirstTwo, nullptr, nullptr, 0), 2);
-    EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc, kFirstTwo, nullptr, nullptr, nullptr, 100, nullptr, 0), 2);
+    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc(), kFirstTwo, nullptr, nullptr, 0), 2);
+    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc(), kFirstTwo, nullptr, nullptr, 0), 2);
+    EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc(), kFirstTwo, nullptr, nullptr, nullptr, 100, nullptr, 0), 2);
     buffer[0] = u'#';
-    EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc, kFirstTwo, nullptr, nullptr, buffer, 2, nullptr, 0), 2);
+    EXPECT_EQ(OdbcEh_SelectRowSetToBuffer(0, hdbc(), kFirstTwo, nullptr, nullptr, buffer, 2, nullptr, 0), 2);
     expectNothingShown(run);
     EXPECT_TRUE(scratch_.entries().empty());
     expectNoOpenStatements("refused and bad arguments");
 }
 
 TEST_F(RowSetTestDriverTest, ProgressCountsRecordsAndAnAbortKeepsThoseWritten) {
-    auto connection = connect(dsn::TestDriver);
     auto name = scratch_.file("out.txt");
     const char16_t *all = u"SELECT id FROM items ORDER BY id";
     {
         ScriptedRun run;
         run.queue("progress: abort at 150");
         int32_t count = 250;
-        EXPECT_EQ(exportTo(connection.handle(), name, all, &count, TABRA_ROWSET_HEADER | TABRA_ROWSET_PROGRESS), 1);
+        EXPECT_EQ(exportTo(hdbc(), name, all, &count, TABRA_ROWSET_HEADER | TABRA_ROWSET_PROGRESS), 1);
         // Header and rows 1 to 200: the abort is seen at the step after 200 records.
         EXPECT_EQ(count, 201);
         std::u16string expected = u"id";
@@ -225,13 +211,13 @@ TEST_F(RowSetTestDriverTest, ProgressCountsRecordsAndAnAbortKeepsThoseWritten) {
     {
         ScriptedRun run;
         int32_t count = 250;
-        EXPECT_EQ(exportTo(connection.handle(), name, all, &count, TABRA_ROWSET_PROGRESS), 1);
+        EXPECT_EQ(exportTo(hdbc(), name, all, &count, TABRA_ROWSET_PROGRESS), 1);
         EXPECT_EQ(count, 250);
         auto shown = run.records(TABRA_RECORD_PROGRESS);
         ASSERT_EQ(shown.size(), 1u);
         EXPECT_EQ(shown[0].text, u"201 of 250 records written");
         count = 100; // not above 100: no indicator
-        EXPECT_EQ(exportTo(connection.handle(), name, all, &count, TABRA_ROWSET_PROGRESS), 1);
+        EXPECT_EQ(exportTo(hdbc(), name, all, &count, TABRA_ROWSET_PROGRESS), 1);
         EXPECT_EQ(count, 250);
         EXPECT_EQ(run.records(TABRA_RECORD_PROGRESS).size(), 1u);
         EXPECT_FALSE(run.failed()) << run.report();
@@ -240,21 +226,19 @@ TEST_F(RowSetTestDriverTest, ProgressCountsRecordsAndAnAbortKeepsThoseWritten) {
 }
 
 TEST_F(RowSetTestDriverTest, BoxesGetTextsAndItemData) {
-    auto connection = connect(dsn::TestDriver);
-    SQLHDBC hdbc = connection.handle();
     ScriptedRun run;
     TestListBox box;
     Ostrel_AddBoxEntry(box.handle(), u"stale", 9, -1, 0);
     const char16_t *firstThree = u"SELECT name, id, code FROM items WHERE id <= 3 ORDER BY id";
-    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc, u"SELECT name FROM items WHERE id <= 3 ORDER BY id", box.handle(),
+    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc(), u"SELECT name FROM items WHERE id <= 3 ORDER BY id", box.handle(),
                                        nullptr, 0),
               1);
     EXPECT_EQ(box.entries(), (std::vector<std::u16string>{u"item 1", u"item 2", u"item 3"}));
     EXPECT_EQ(Ostrel_GetItemData(box.handle(), 1), 0) << "one column: no item data";
-    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc, firstThree, box.handle(), nullptr, 0), 1);
+    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc(), firstThree, box.handle(), nullptr, 0), 1);
     EXPECT_EQ(box.entries().size(), 3u);
     EXPECT_EQ(Ostrel_GetItemData(box.handle(), 2), 3) << "column 2 as a number";
-    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc, u"SELECT name, code FROM items WHERE id <= 2 ORDER BY id",
+    EXPECT_EQ(OdbcEh_SelectRowSetToBox(0, hdbc(), u"SELECT name, code FROM items WHERE id <= 2 ORDER BY id",
                                        box.handle(), nullptr, static_cast<int8_t>(0x80)),
               1);
     EXPECT_EQ(Ostrel_GetItemData(box.handle(), 0), 0) << "NULL in column 2: no copy";
@@ -271,22 +255,12 @@ TEST_F(RowSetTestDriverTest, BoxesGetTextsAndItemData) {
 }
 
 TEST_F(RowSetTestDriverTest, ListViewsGetSubItemsAndKeys) {
-    auto connection = connect(dsn::TestDriver);
-    SQLHDBC hdbc = connection.handle();
     ScriptedRun run;
     TestModule module;
     module.add(DialogBuilder(801, u"Rows").listView(1));
     HWND dialog = createModeless(module, 801, plainProcedure());
     HWND view = GetDlgItem(dialog, 1);
-    auto cell = [&](int32_t item, int32_t subItem) {
-        char16_t text[100] = {};
-        LVITEMW query{};
-        query.iSubItem = subItem;
-        query.pszText = text;
-        query.cchTextMax = 100;
-        SendMessageW(view, LVM_GETITEMTEXTW, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&query));
-        return std::u16string(text);
-    };
+    auto cell = [&](int32_t item, int32_t subItem) { return listViewText(view, item, subItem); };
     auto param = [&](int32_t item) {
         LVITEMW query{};
         query.mask = LVIF_PARAM;
@@ -295,16 +269,16 @@ TEST_F(RowSetTestDriverTest, ListViewsGetSubItemsAndKeys) {
         return query.lParam;
     };
     const char16_t *rows = u"SELECT id, name, code FROM items WHERE id <= 2 ORDER BY id";
-    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc, rows, view, nullptr, 0), 1);
+    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc(), rows, view, nullptr, 0), 1);
     EXPECT_EQ(SendMessageW(view, LVM_GETITEMCOUNT, 0, 0), 2);
     EXPECT_EQ(cell(0, 0) + u"|" + cell(0, 1) + u"|" + cell(0, 2), u"1|item 1|") << "NULL as empty text";
     EXPECT_EQ(cell(1, 2), u"c2");
     EXPECT_EQ(param(1), 0);
-    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc, rows, view, nullptr, TABRA_ROWSET_KEY_NUMBER), 1);
+    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc(), rows, view, nullptr, TABRA_ROWSET_KEY_NUMBER), 1);
     EXPECT_EQ(SendMessageW(view, LVM_GETITEMCOUNT, 0, 0), 2) << "emptied first";
     EXPECT_EQ(cell(1, 0) + u"|" + cell(1, 1), u"item 2|c2");
     EXPECT_EQ(param(1), 2);
-    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc, u"SELECT code, name FROM items WHERE id <= 2 ORDER BY id", view,
+    EXPECT_EQ(OdbcEh_SelectRowSetToListView(0, hdbc(), u"SELECT code, name FROM items WHERE id <= 2 ORDER BY id", view,
                                             nullptr, TABRA_ROWSET_KEY_TEXT),
               1);
     EXPECT_EQ(param(0), 0) << "NULL key: no copy";

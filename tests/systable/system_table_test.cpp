@@ -17,33 +17,25 @@ constexpr std::u16string_view kInsertFrame =
     u"INSERT INTO OstrelSysTable (Object,Type,ItemName,ItemValue) VALUES ('o','t','i','')";
 constexpr size_t kLongestLiteral = 999 - kInsertFrame.size();
 
-class SystemTableTest : public BackendTest {
+class SystemTableTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        connection_.emplace(dataSource());
-    }
-    SQLHDBC handle() const { return connection_->handle(); }
-
     std::u16string read(const char16_t *object, const char16_t *type, const char16_t *item,
                         const char16_t *fallback = u"<default>", int32_t capacity = kOutputCapacity,
                         int32_t expected = 1) {
         std::u16string output(static_cast<size_t>(capacity) + 4, u'#');
-        EXPECT_EQ(Tabra_ReadSysTableString(handle(), object, type, item, fallback, output.data(), capacity), expected);
+        EXPECT_EQ(Tabra_ReadSysTableString(hdbc(), object, type, item, fallback, output.data(), capacity), expected);
         for (size_t i = static_cast<size_t>(capacity); i < output.size(); ++i) EXPECT_EQ(output[i], u'#');
         return output.c_str();
     }
     std::u16string read(const char16_t *item) { return read(u"o", u"t", item); }
     int32_t write(const char16_t *item, std::u16string_view value) {
-        return Tabra_WriteSysTableString(handle(), u"o", u"t", item, std::u16string(value).c_str());
+        return Tabra_WriteSysTableString(hdbc(), u"o", u"t", item, std::u16string(value).c_str());
     }
     // Rows of the table with raw ODBC (0 when there is no table).
     long rows(std::u16string_view where = u"1=1") {
         return std::stol(toUtf8(*queryValue(*connection_, u"SELECT COUNT(*) FROM OstrelSysTable WHERE " +
                                                               std::u16string(where))));
     }
-
-    std::optional<OdbcConnection> connection_;
 };
 
 TEST_P(SystemTableTest, ValuesComeBackAsWrittenAndAnOverwriteReplaces) {
@@ -107,17 +99,17 @@ TEST_P(SystemTableTest, DefaultsAndBlankKeys) {
     EXPECT_EQ(rows(), 0);
     ASSERT_EQ(write(u"i", u"value"), 1);
     EXPECT_EQ(write(u" ", u"other"), 1); // a blank item name writes nothing
-    EXPECT_EQ(Tabra_WriteSysTableString(handle(), u"", u"t", u"i", u"other"), 1);
-    EXPECT_EQ(Tabra_WriteSysTableString(handle(), u"o", nullptr, u"i", u"other"), 1);
+    EXPECT_EQ(Tabra_WriteSysTableString(hdbc(), u"", u"t", u"i", u"other"), 1);
+    EXPECT_EQ(Tabra_WriteSysTableString(hdbc(), u"o", nullptr, u"i", u"other"), 1);
     EXPECT_EQ(rows(), 1);
     // A blank object or type gives the default without asking the table.
     EXPECT_EQ(read(u" ", u"t", u"i"), u"<default>");
     EXPECT_EQ(read(u"o", u"", u"i"), u"<default>");
     EXPECT_EQ(read(u"o", u"t", u"i", nullptr), u"value");
     // No output, or no room: 0.
-    EXPECT_EQ(Tabra_ReadSysTableString(handle(), u"o", u"t", u"i", u"d", nullptr, 10), 0);
+    EXPECT_EQ(Tabra_ReadSysTableString(hdbc(), u"o", u"t", u"i", u"d", nullptr, 10), 0);
     char16_t one[2] = {u'#', u'#'};
-    EXPECT_EQ(Tabra_ReadSysTableString(handle(), u"o", u"t", u"i", u"d", one, 0), 0);
+    EXPECT_EQ(Tabra_ReadSysTableString(hdbc(), u"o", u"t", u"i", u"d", one, 0), 0);
     EXPECT_EQ(one[0], u'#');
     expectNothingShown(run);
 }
@@ -126,25 +118,25 @@ TEST_P(SystemTableTest, DeleteRemovesOneItemOrAllOfAnObjectAndType) {
     ScriptedRun run;
     for (auto [object, type, item] : {std::tuple{u"o", u"t", u"a"}, {u"o", u"t", u"b"}, {u"o", u"u", u"a"},
                                       {u"p", u"t", u"a"}})
-        ASSERT_EQ(Tabra_WriteSysTableString(handle(), object, type, item, u"v"), 1);
-    EXPECT_EQ(Tabra_DeleteSysTableItem(handle(), u"o", u"t", u"a"), 1);
+        ASSERT_EQ(Tabra_WriteSysTableString(hdbc(), object, type, item, u"v"), 1);
+    EXPECT_EQ(Tabra_DeleteSysTableItem(hdbc(), u"o", u"t", u"a"), 1);
     EXPECT_EQ(rows(u"Object='o' AND Type='t'"), 1);
-    EXPECT_EQ(Tabra_DeleteSysTableItem(handle(), u"o", u"t", u" "), 1);
+    EXPECT_EQ(Tabra_DeleteSysTableItem(hdbc(), u"o", u"t", u" "), 1);
     EXPECT_EQ(rows(u"Object='o' AND Type='t'"), 0);
     EXPECT_EQ(rows(), 2);
-    EXPECT_EQ(Tabra_DeleteSysTableItem(handle(), u"o", nullptr, nullptr), 1); // blank type: nothing
+    EXPECT_EQ(Tabra_DeleteSysTableItem(hdbc(), u"o", nullptr, nullptr), 1); // blank type: nothing
     EXPECT_EQ(rows(), 2);
-    EXPECT_EQ(Tabra_DeleteSysTableItem(handle(), u"p", u"t", nullptr), 1);
+    EXPECT_EQ(Tabra_DeleteSysTableItem(hdbc(), u"p", u"t", nullptr), 1);
     EXPECT_EQ(rows(), 1);
     expectNothingShown(run);
 }
 
 TEST_P(SystemTableTest, WithoutTheTableDeleteAnswersZeroAndCreatesNothing) {
     ScriptedRun run;
-    EXPECT_EQ(Tabra_DeleteSysTableItem(handle(), u"o", u"t", u"i"), 0);
-    EXPECT_EQ(Tabra_DeleteSysTableItem(handle(), u"o", u"t", nullptr), 0);
+    EXPECT_EQ(Tabra_DeleteSysTableItem(hdbc(), u"o", u"t", u"i"), 0);
+    EXPECT_EQ(Tabra_DeleteSysTableItem(hdbc(), u"o", u"t", nullptr), 0);
     EXPECT_EQ(read(u" ", u"t", u"i"), u"<default>"); // a blank key does not create it either
-    EXPECT_EQ(OdbcEh_DoesTableExist(0, handle(), TABRA_TABLE_TYPE_ALL, nullptr, u"OstrelSysTable", 0), 0);
+    EXPECT_EQ(OdbcEh_DoesTableExist(0, hdbc(), TABRA_TABLE_TYPE_ALL, nullptr, u"OstrelSysTable", 0), 0);
     expectNothingShown(run);
 }
 
@@ -163,14 +155,9 @@ TEST_P(SystemTableTest, BackslashesSurviveEitherLiteralRuleOfTheMySqlFamily) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(SystemTableTest);
-
 // The table is made on first use, with a value column each database knows.
-class SystemTableCreationTest : public BackendTest {};
-
-TEST_P(SystemTableCreationTest, TheTableIsMadeOnFirstUse) {
-    auto connection = connect();
-    SQLHDBC handle = connection.handle();
+TEST_P(SystemTableTest, TheTableIsMadeOnFirstUse) {
+    SQLHDBC handle = hdbc();
     ScriptedRun run;
     RecordingHook hook;
     char16_t output[100];
@@ -194,7 +181,7 @@ TEST_P(SystemTableCreationTest, TheTableIsMadeOnFirstUse) {
     expectNothingShown(run);
 }
 
-TABRA_INSTANTIATE_BACKEND_TEST(SystemTableCreationTest);
+TABRA_INSTANTIATE_BACKEND_TEST(SystemTableTest);
 
 } // namespace
 } // namespace tabra::test

@@ -2,8 +2,6 @@
 // boxes, statements read back, the single-table rule, and the enabled states; each
 // statement the wizard returns is run on the backend.
 #include "catalog/catalog_test_support.h"
-#include "core/module/module_state.h"
-#include "ostrel_registry.h"
 #include "query/select_wizard/resource_ids.h"
 #include "support/scoped_environment.h"
 #include "tabra_connection.h"
@@ -18,16 +16,16 @@ std::string on(std::string_view action, int32_t control, std::string_view argume
     return onDialog(kWizard.id, action, control, argument);
 }
 
-class SelectWizardTest : public BackendTest {
+class SelectWizardTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        executeAll(connect(), {u"CREATE TABLE customers (custno INTEGER, name VARCHAR(20))",
-                               u"CREATE TABLE orders (orderno INTEGER, custno INTEGER, total INTEGER)",
-                               u"INSERT INTO customers VALUES (1, 'Alpha')", u"INSERT INTO customers VALUES (2, 'Beta')",
-                               u"INSERT INTO orders VALUES (10, 1, 150)", u"INSERT INTO orders VALUES (11, 1, 50)",
-                               u"INSERT INTO orders VALUES (12, 2, 300)",
-                               u"CREATE VIEW big_orders AS SELECT orderno, total FROM orders WHERE total > 100"});
+    void prepare(const OdbcConnection &connection) override {
+        executeAll(connection, {u"CREATE TABLE customers (custno INTEGER, name VARCHAR(20))",
+                                u"CREATE TABLE orders (orderno INTEGER, custno INTEGER, total INTEGER)",
+                                u"INSERT INTO customers VALUES (1, 'Alpha')",
+                                u"INSERT INTO customers VALUES (2, 'Beta')",
+                                u"INSERT INTO orders VALUES (10, 1, 150)", u"INSERT INTO orders VALUES (11, 1, 50)",
+                                u"INSERT INTO orders VALUES (12, 2, 300)",
+                                u"CREATE VIEW big_orders AS SELECT orderno, total FROM orders WHERE total > 100"});
     }
     // "{t}" in a statement stands for the schema a table entry reads with, if any,
     // "{first}" for the first table entry.
@@ -58,10 +56,9 @@ struct ComposeCase {
 
 TEST_P(SelectWizardTest, ComposesAndReadsBackStatements) {
     const auto &w = kWizard;
-    auto connection = connect();
     // The table entries of this backend; MariaDB offers some tables of its own too.
     const std::string customers = test::quoted(withSchema(u"{t}customers")), orders = test::quoted(withSchema(u"{t}orders"));
-    const std::u16string first = readTables(connection.handle(), TABRA_TABLE_TYPE_TABLE, nullptr, TABRA_QUALIFY_SCHEMA).items.at(0);
+    const std::u16string first = readTables(hdbc(), TABRA_TABLE_TYPE_TABLE, nullptr, TABRA_QUALIFY_SCHEMA).items.at(0);
     const std::vector<ComposeCase> cases = {
         {"an empty statement takes the first table and all columns", u"", 0, {}, u"SELECT * FROM {first}", {}},
         {"columns added, moved, removed, and a sort column", u"", 0,
@@ -103,19 +100,18 @@ TEST_P(SelectWizardTest, ComposesAndReadsBackStatements) {
         char16_t statement[400] = {};
         std::u16string opening = withSchema(c.opening);
         std::copy(opening.begin(), opening.end(), statement);
-        EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement, 400, nullptr, c.flags, 0), 1);
+        EXPECT_EQ(Tabra_SelectStatementWizzard(hdbc(), statement, 400, nullptr, c.flags, 0), 1);
         expectNothingShown(run);
         EXPECT_EQ(run.pending(), 0);
         EXPECT_EQ(unquoted(statement), withSchema(c.expected, first));
         if (c.rows.empty()) continue;
-        std::vector<Row> rows = queryRows(connection, statement), want = c.rows; // in any order
+        std::vector<Row> rows = queryRows(*connection_, statement), want = c.rows; // in any order
         std::ranges::sort(rows), std::ranges::sort(want);
         EXPECT_EQ(rows, want);
     }
 }
 
 TEST_P(SelectWizardTest, HelpAndCancelLeaveTheStatementAndShortBuffersAreCut) {
-    auto connection = connect();
     const std::u16string opening = withSchema(u"SELECT name FROM {t}customers");
     {
         ScriptedRun run;
@@ -124,7 +120,7 @@ TEST_P(SelectWizardTest, HelpAndCancelLeaveTheStatementAndShortBuffersAreCut) {
         run.queue(click(kWizard.id, IDCANCEL));
         std::u16string statement = opening;
         statement.resize(100);
-        EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement.data(), 100, nullptr, 0, 0), 2);
+        EXPECT_EQ(Tabra_SelectStatementWizzard(hdbc(), statement.data(), 100, nullptr, 0, 0), 2);
         EXPECT_EQ(std::u16string(statement.c_str()), opening);
         auto help = run.records(TABRA_RECORD_HELP);
         ASSERT_EQ(help.size(), 1u);
@@ -133,7 +129,7 @@ TEST_P(SelectWizardTest, HelpAndCancelLeaveTheStatementAndShortBuffersAreCut) {
     ScriptedRun run;
     run.queue(click(kWizard.id, IDOK));
     char16_t statement[12] = {};
-    EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement, 12, nullptr, 0, 0), 1);
+    EXPECT_EQ(Tabra_SelectStatementWizzard(hdbc(), statement, 12, nullptr, 0, 0), 1);
     EXPECT_EQ(std::u16string(statement), u"SELECT * FR");
 }
 
@@ -155,7 +151,6 @@ TEST_P(SelectWizardTest, EnabledStatesFollowTheChecksAndTheChosenColumn) {
         {on("check", kWizard.noSort), "11110"},
         {on("check", kWizard.allColumns), "00000"},
     };
-    auto connection = connect();
     ScriptedRun run;
     std::vector<std::string> seen, expected;
     for (const auto &[action, states] : steps) {
@@ -166,7 +161,7 @@ TEST_P(SelectWizardTest, EnabledStatesFollowTheChecksAndTheChosenColumn) {
     run.queue(click(kWizard.id, IDOK));
     std::u16string statement = withSchema(u"SELECT orderno, custno, total FROM {t}orders ORDER BY total");
     statement.resize(200);
-    EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement.data(), 200, nullptr, 0, 0), 1);
+    EXPECT_EQ(Tabra_SelectStatementWizzard(hdbc(), statement.data(), 200, nullptr, 0, 0), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(seen, expected);
 }
@@ -175,16 +170,15 @@ TEST_P(SelectWizardTest, EnabledStatesFollowTheChecksAndTheChosenColumn) {
 // ignored elsewhere); the schema button shows another and keeps it for the next time.
 TEST_P(SelectWizardTest, SchemaIsTheDataSourcesLastOneAndTheSchemaButtonKeepsIt) {
     ScopedRegistryRoot registry;
-    auto connection = connect();
-    const bool schemas = Tabra_GetSchemaUsage(connection.handle()) != 0;
+    const bool schemas = Tabra_GetSchemaUsage(hdbc()) != 0;
     const std::u16string section = dataSource().name;
     Ostrel_WriteStringToRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, section.c_str(), u"LastUsedDbaseSchema",
                                  u"sales");
-    if (schemas) executeAll(connection, {u"CREATE SCHEMA sales", u"CREATE TABLE sales.leads (leadno INTEGER)"});
+    if (schemas) executeAll(*connection_, {u"CREATE SCHEMA sales", u"CREATE TABLE sales.leads (leadno INTEGER)"});
     ScriptedRun run;
     run.queue(click(kWizard.id, IDOK));
     char16_t statement[200] = {};
-    EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement, 200, nullptr, 0, 0), 1);
+    EXPECT_EQ(Tabra_SelectStatementWizzard(hdbc(), statement, 200, nullptr, 0, 0), 1);
     EXPECT_EQ(run.closedControlText(kWizard.id, kWizard.schema), schemas ? u"sales" : u"");
     if (!schemas) return;
     EXPECT_EQ(unquoted(statement), u"SELECT * FROM sales.leads");
@@ -193,13 +187,11 @@ TEST_P(SelectWizardTest, SchemaIsTheDataSourcesLastOneAndTheSchemaButtonKeepsIt)
     run.queue(onDialog(core::ids::kSchemaDialog.id, "select", core::ids::kSchemaDialog.schemas, "\"public\""));
     run.queue(click(core::ids::kSchemaDialog.id, IDOK));
     run.queue(click(kWizard.id, IDOK));
-    EXPECT_EQ(Tabra_SelectStatementWizzard(connection.handle(), statement, 200, nullptr, 0, 0), 1);
+    EXPECT_EQ(Tabra_SelectStatementWizzard(hdbc(), statement, 200, nullptr, 0, 0), 1);
     EXPECT_FALSE(run.failed());
     EXPECT_EQ(unquoted(statement), u"SELECT * FROM public.customers");
-    char16_t kept[100] = {};
-    Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, section.c_str(), u"LastUsedDbaseSchema",
-                                  u"", kept, 100, 0);
-    EXPECT_EQ(std::u16string(kept), u"public");
+    EXPECT_EQ(registryText(HKEY_CURRENT_USER, module::kRegistryRoot, section.c_str(), u"LastUsedDbaseSchema"),
+              u"public");
 }
 
 TABRA_INSTANTIATE_BACKEND_TEST(SelectWizardTest);

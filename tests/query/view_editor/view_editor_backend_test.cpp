@@ -2,22 +2,14 @@
 // the system table keeps for them, and scripted sessions of its dialog (a new view,
 // renaming with and without a replace flag, refused names, a failing statement, the
 // designer on a stored view and the statement files).
-#include "catalog/catalog_test_support.h"
-#include "core/module/module_state.h"
-#include "ostrel_registry.h"
 #include "ostrel_ui.h"
 #include "query/designer/query_design.h"
 #include "query/resource_ids.h"
 #include "query/view_editor/view_editor.h"
 #include "query/view_editor/statement_file.h"
 #include "query/view_editor/view_operations.h"
+#include "rowset/row_set_test_support.h"
 #include "tabra_designer.h"
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
-#include <unistd.h>
 
 namespace tabra::test {
 namespace {
@@ -30,18 +22,15 @@ const auto &kEditor = ids::kViewEditorDialog;
 const std::u16string kBigOrders = u"SELECT o.id, o.total FROM orders AS o WHERE (o.total > 100)";
 const std::u16string kBroken = u"SELECT id FROM orders WHERE"; // a syntax error on every backend
 
-class ViewEditorTest : public BackendTest {
+class ViewEditorTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        connection_.emplace(connect());
-        executeAll(*connection_, {u"CREATE TABLE orders (id INTEGER, total INTEGER)",
-                                  u"INSERT INTO orders VALUES (1, 50)", u"INSERT INTO orders VALUES (2, 150)"});
+    void prepare(const OdbcConnection &connection) override {
+        executeAll(connection, {u"CREATE TABLE orders (id INTEGER, total INTEGER)",
+                                u"INSERT INTO orders VALUES (1, 50)", u"INSERT INTO orders VALUES (2, 150)"});
     }
-    SQLHDBC handle() const { return connection_->handle(); }
     ViewEditState state(std::u16string name = {}) const {
         ViewEditState s;
-        s.connection = handle();
+        s.connection = hdbc();
         s.name = std::move(name);
         s.statement = kBigOrders;
         s.tables = u"orders\to";
@@ -50,15 +39,13 @@ protected:
         return s;
     }
     bool viewExists(std::u16string_view name) const {
-        return OdbcEh_DoesTableExist(0, handle(), TABRA_TABLE_TYPE_VIEW, nullptr, std::u16string(name).c_str(), 0) == 1;
+        return OdbcEh_DoesTableExist(0, hdbc(), TABRA_TABLE_TYPE_VIEW, nullptr, std::u16string(name).c_str(), 0) == 1;
     }
     // Whether the view's "Sql" item is stored (the other items go with it).
     bool itemsStored(std::u16string_view name) const {
         ViewEditState read = state();
         return loadViewItems(read, name);
     }
-
-    std::optional<OdbcConnection> connection_;
 };
 
 TEST_P(ViewEditorTest, CreatesAndDropsViewsWithTheirItems) {
@@ -155,8 +142,7 @@ TEST_P(ViewEditorTest, ScriptedSessions) {
         ScriptedRun run;
         for (const std::string &line : session.script) run.queue(line);
         EXPECT_EQ(runViewEditor(view, session.flags, nullptr), session.result);
-        EXPECT_FALSE(run.failed());
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
         EXPECT_EQ(run.records(TABRA_RECORD_BEEP).size(), session.opening.empty() && session.result == 1 ? 1u : 0u);
         for (const auto &[name, exists] : session.views) {
             EXPECT_EQ(viewExists(name), exists) << toUtf8(name);
@@ -188,20 +174,17 @@ TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
               click(ids::kDesignerDialog.id, IDOK), showsDesigned, click(kEditor.id, IDOK)})
             run.queue(line);
         EXPECT_EQ(runViewEditor(view, 0, nullptr), 1);
-        EXPECT_FALSE(run.failed());
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
     }
     EXPECT_EQ(queryRows(*connection_, u"SELECT total FROM designed ORDER BY total"),
               (std::vector<Row>{{u"50"}, {u"150"}}));
 
     ViewEditState reopened = state();
     ASSERT_TRUE(loadViewItems(reopened, u"designed"));
-    const auto folder = std::filesystem::temp_directory_path() / ("tabra-view-editor-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
-    const std::string saved = (folder / "saved.sql").string(), wide = (folder / "wide.sql").string();
+    ScratchFolder folder;
+    const std::string saved = toUtf8(folder.file("saved.sql")), wide = toUtf8(folder.file("wide.sql"));
     const std::u16string loaded = u"SELECT total FROM orders -- Größe \U0001F600";
-    std::ofstream(wide, std::ios::binary) << std::string("\xFF\xFE", 2)
-                                          << std::string(reinterpret_cast<const char *>(loaded.data()), loaded.size() * 2);
+    std::ofstream(wide, std::ios::binary) << std::string("\xFF\xFE", 2) + utf16le(loaded);
     ScriptedRun run;
     for (const std::string &line :
          {click(kEditor.id, kEditor.design),
@@ -213,17 +196,10 @@ TEST_P(ViewEditorTest, DesignerAndStatementFiles) {
           click(kEditor.id, IDCANCEL)})
         run.queue(line);
     EXPECT_EQ(runViewEditor(reopened, 0, nullptr), 2);
-    EXPECT_FALSE(run.failed());
-    EXPECT_EQ(run.pending(), 0);
+    expectPlayed(run);
     EXPECT_EQ(reopened.statement, designed); // Cancel keeps the caller's state
-    std::stringstream bytes;
-    bytes << std::ifstream(saved, std::ios::binary).rdbuf();
-    EXPECT_EQ(bytes.str(), toUtf8(designed));
-    char16_t last[300] = {};
-    Ostrel_ReadStringFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, u"LastUsed", u"SqlStatementFile", u"",
-                                  last, 300, 299);
-    EXPECT_EQ(std::u16string(last), toUtf16(wide));
-    std::filesystem::remove_all(folder);
+    EXPECT_EQ(fileBytes(toUtf16(saved)), toUtf8(designed));
+    EXPECT_EQ(registryText(HKEY_CURRENT_USER, module::kRegistryRoot, u"LastUsed", u"SqlStatementFile"), toUtf16(wide));
 }
 
 TABRA_INSTANTIATE_BACKEND_TEST(ViewEditorTest);

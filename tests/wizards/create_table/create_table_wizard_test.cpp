@@ -2,26 +2,13 @@
 // table on every backend, the new table checked through the catalog and by inserting
 // rows, the refusals on its pages; on the test driver with the classic database
 // names, the modes the page offers and the exact statements each mode runs.
+#include "catalog/catalog_test_support.h"
 #include "core/connection/capabilities.h"
-#include "core/module/module_state.h"
-#include "core/resource_ids.h"
-#include "ostrel_hook.h"
-#include "ostrel_registry.h"
-#include "support/backend_test.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra.h"
 #include "wizards/create_table/create_table_wizard.h"
 #include "wizards/create_table/resource_ids.h"
 #include "wizards/resource_ids.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {
@@ -35,25 +22,6 @@ constexpr int32_t kNext = WIZZARD_ID_NEXT, kBack = WIZZARD_ID_BACK, kFinish = WI
 const auto &kModes = ids::kModePage;
 const int32_t kModePageId = ids::kModePage.id, kSourcePageId = ids::kSourcePage.id, kNamePageId = ids::kNamePage.id,
               kClosingPageId = ids::kClosingPage.id;
-
-std::u16string resourceText(int32_t id) {
-    char16_t text[400] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), id, text, 400);
-    return text;
-}
-
-// The statements the library hands to the hook, each let run unless refused.
-struct Hook {
-    std::vector<std::u16string> statements;
-    bool refuse = false;
-    Hook() { Ostrel_SetStatementHook(see, this); }
-    ~Hook() { Ostrel_SetStatementHook(nullptr, nullptr); }
-    static int32_t see(const char16_t *statement, void *context) {
-        auto *hook = static_cast<Hook *>(context);
-        hook->statements.emplace_back(statement);
-        return hook->refuse ? 2 : 1;
-    }
-};
 
 // The script of a run that makes table `name` in `mode` (from `source` for a copy).
 std::vector<std::string> makeTable(int32_t mode, const char *name, const char *source = "ct_source") {
@@ -80,8 +48,7 @@ WizardRun runWizard(SQLHDBC connection, const ScriptedRun &script, const std::ve
     run.result = Tabra_CreateTableWizzard(connection, name, wizards::create_table::kNameCapacity);
     run.name = name;
     for (const auto &message : script.records(TABRA_RECORD_MESSAGE)) run.messages.push_back(message.id);
-    EXPECT_FALSE(script.failed());
-    EXPECT_EQ(script.pending(), 0);
+    expectPlayed(script);
     return run;
 }
 
@@ -120,18 +87,14 @@ std::vector<std::u16string> defaultColumnNames() {
 
 // ---- Every way on every backend ----
 
-class CreateTableWizardTest : public BackendTest {
+class CreateTableWizardTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        if (IsSkipped()) return;
-        connection_.emplace(connect());
-        executeAll(*connection_,
+    void prepare(const OdbcConnection &connection) override {
+        executeAll(connection,
                    {u"CREATE TABLE ct_source (id INTEGER, label VARCHAR(30), amount DECIMAL(10,2), born DATE)",
                     u"INSERT INTO ct_source VALUES (1, 'first', 2.5, '2024-01-02')",
                     u"CREATE TABLE ct_other (code CHAR(4), note VARCHAR(80))"});
     }
-    SQLHDBC handle() const { return connection_->handle(); }
     // Inserts two rows without an Id and reads the Ids the database gave them.
     std::vector<Row> numberedRows(const std::u16string &table, const char16_t *values) {
         std::u16string insert = u"INSERT INTO " + table + values;
@@ -143,12 +106,11 @@ protected:
     }
 
     ScopedRegistryRoot registry_;
-    std::optional<OdbcConnection> connection_;
 };
 
 TEST_P(CreateTableWizardTest, KeyColumnOnlyNumbersTheRows) {
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.keyColumnOnly, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.keyColumnOnly, "ct_made"));
     EXPECT_EQ(run.result, 1);
     EXPECT_EQ(run.name, u"ct_made");
     auto columns = catalogColumns(*connection_, u"ct_made");
@@ -159,7 +121,7 @@ TEST_P(CreateTableWizardTest, KeyColumnOnlyNumbersTheRows) {
 
 TEST_P(CreateTableWizardTest, CopyHasTheSourceColumnsAndNoRows) {
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.copyStructure, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.copyStructure, "ct_made"));
     EXPECT_EQ(run.result, 1);
     EXPECT_EQ(catalogColumns(*connection_, u"ct_made"), catalogColumns(*connection_, u"ct_source"));
     EXPECT_EQ(queryValue(*connection_, u"SELECT Count(*) FROM ct_made"), u"0");
@@ -168,7 +130,7 @@ TEST_P(CreateTableWizardTest, CopyHasTheSourceColumnsAndNoRows) {
 
 TEST_P(CreateTableWizardTest, DefaultColumnsGetTheIdKeyColumnLast) {
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.defaultDefinition, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.defaultDefinition, "ct_made"));
     EXPECT_EQ(run.result, 1);
     std::vector<std::u16string> names;
     for (const Row &column : catalogColumns(*connection_, u"ct_made")) names.push_back(folded(*column[0]));
@@ -187,7 +149,7 @@ TEST_P(CreateTableWizardTest, RefusalsKeepTheUserAndChoicesAreRemembered) {
     {
         ScriptedRun script;
         WizardRun run = runWizard(
-            handle(), script,
+            hdbc(), script,
             {onDialog(kModePageId, "check", kModes.copyStructure), click(kModePageId, kNext),
              onDialog(kSourcePageId, "select", ids::kSourcePage.tables, "\"ct_other\""), click(kSourcePageId, kNext),
              onDialog(kNamePageId, "set", ids::kNamePage.name, "\"  \""), click(kNamePageId, kNext),
@@ -201,7 +163,7 @@ TEST_P(CreateTableWizardTest, RefusalsKeepTheUserAndChoicesAreRemembered) {
     EXPECT_EQ(Ostrel_ReadLongFromRegistry(HKEY_CURRENT_USER, module::kRegistryRoot, 0, kRegistryKey, kModeValue, 0),
               kModes.copyStructure);
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script,
+    WizardRun run = runWizard(hdbc(), script,
                               {click(kModePageId, kNext), click(kSourcePageId, kNext),
                                onDialog(kNamePageId, "set", ids::kNamePage.name, "\"ct_made\""),
                                click(kNamePageId, kNext), click(kClosingPageId, kFinish)});
@@ -226,21 +188,20 @@ TEST_P(CreateTableWizardTest, ProposedNameIsFreeAndAnEmptySourceListIsRefused) {
     else
         lines.push_back(click(kModePageId, IDCANCEL));
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, lines);
+    WizardRun run = runWizard(hdbc(), script, lines);
     EXPECT_EQ(run.result, 2);
     EXPECT_EQ(run.messages.size(), listsNoTables ? 1u : 0u);
 }
 
 // A statement the hook declines ends the wizard with 2, nothing shown or made.
 TEST_P(CreateTableWizardTest, DeclinedStatementMakesNothing) {
-    Hook hook;
-    hook.refuse = true;
+    RecordingHook hook(false);
     ScriptedRun script;
-    WizardRun run = runWizard(handle(), script, makeTable(kModes.defaultDefinition, "ct_made"));
+    WizardRun run = runWizard(hdbc(), script, makeTable(kModes.defaultDefinition, "ct_made"));
     EXPECT_EQ(run.result, 2);
     EXPECT_EQ(hook.statements.size(), 1u);
     EXPECT_TRUE(run.messages.empty());
-    EXPECT_EQ(Tabra_DoesTableExist(handle(), TABRA_TABLE_TYPE_ALL, u"ct_made"), 0);
+    EXPECT_EQ(Tabra_DoesTableExist(hdbc(), TABRA_TABLE_TYPE_ALL, u"ct_made"), 0);
 }
 
 TABRA_INSTANTIATE_BACKEND_TEST(CreateTableWizardTest);
@@ -298,7 +259,7 @@ TEST_P(CreateTableWizardTestDriverTest, OffersTheRowsModesAndRunsTheirStatements
         ScopedRegistryRoot registry;
         executeAll(setup, {u"DROP TABLE IF EXISTS ct_new"});
         OdbcConnection connection(dataSource);
-        Hook hook;
+        RecordingHook hook;
         ScriptedRun script;
         ModePageState page;
         script.queueCallback(kModePageId, ModePageState::read, &page);
@@ -342,7 +303,7 @@ TEST_F(TestDriverTest, CreateTableRefusesAModeTheDatabaseCannotDo) {
                  {dsn::Progress, kModes.keyColumnOnly}};
     for (const auto &c : cases) {
         OdbcConnection connection(c.dataSource);
-        Hook hook;
+        RecordingHook hook;
         ScriptedRun script;
         script.queue(answer(core::ids::kMessage.notPossibleHere, "ok"));
         EXPECT_FALSE(wizards::create_table::createTable(connection.handle(),

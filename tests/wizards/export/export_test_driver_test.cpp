@@ -6,10 +6,6 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <functional>
 
 namespace tabra::test {
 namespace {
@@ -34,23 +30,6 @@ protected:
         state.fileName = scratch_.file(file);
         return state;
     }
-    // Runs check in a child process that has given up root (root may write any file):
-    // whether it held.
-    static bool inUnprivilegedChild(const std::function<bool()> &check) {
-        pid_t child = ::fork();
-        if (child == 0) std::_Exit(::setgid(65534) == 0 && ::setuid(65534) == 0 && check() ? 0 : 1);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    }
-    static bool inChild(const std::function<bool()> &check) {
-        pid_t child = ::fork();
-        if (child == 0) std::_Exit(check() ? 0 : 1);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    }
-
     ScratchFolder scratch_;
 };
 
@@ -74,7 +53,7 @@ TEST_F(ExportTestDriverTest, AFileThatCannotBeOpenedShowsItsMessageAndLeavesNoth
     ::chmod(toUtf8(locked.fileName).c_str(), 0444);
     ::chmod(scratch_.path().c_str(), 0777);
     if (::geteuid() == 0)
-        EXPECT_TRUE(inUnprivilegedChild([&] { return refusedWith(locked, exportIds::kMessage.fileAccessDenied); }));
+        EXPECT_TRUE(inChild([&] { return refusedWith(locked, exportIds::kMessage.fileAccessDenied); }, true));
     else
         EXPECT_TRUE(refusedWith(locked, exportIds::kMessage.fileAccessDenied));
     EXPECT_EQ(fileBytes(locked.fileName), "old");
@@ -118,14 +97,10 @@ TEST_F(ExportTestDriverTest, TheSelectNamesTheWrittenColumnsAndTheCondition) {
     state.fields.at(2)->selected = false;
     state.condition = u"id\tGT\t1\t4\n";
     state.recordCount = 1;
-    std::vector<std::u16string> statements;
-    Ostrel_SetStatementHook(
-        [](const char16_t *text, void *seen) { return static_cast<std::vector<std::u16string> *>(seen)->push_back(text), 1; },
-        &statements);
+    RecordingHook hook;
     ScriptedRun run;
     EXPECT_EQ(exporting::writeExportFile(state), 1);
-    Ostrel_SetStatementHook(nullptr, nullptr);
-    EXPECT_EQ(statements, std::vector<std::u16string>{u"SELECT id, \"unit price\" FROM prices WHERE ((id > 1))"});
+    EXPECT_EQ(hook.statements, std::vector<std::u16string>{u"SELECT id, \"unit price\" FROM prices WHERE ((id > 1))"});
     EXPECT_EQ(fileBytes(state.fileName), utf16le(u"id\tunit-price\r\n2\t4,0\r\n"));
     EXPECT_EQ(state.fields.at(2)->heading, u"v-a-t");
 }

@@ -5,25 +5,21 @@
 #pragma once
 
 #include "rowset/row_set_test_support.h"
-#include "support/script_lines.h"
 #include "wizards/export/export_file.h"
 #include "wizards/export/resource_ids.h"
 
 #include <clocale>
-#include <string>
 
 namespace tabra::test {
 
 namespace exporting = tabra::wizards::exporting;
 namespace exportIds = tabra::wizards::exporting::ids;
 
-class ExportBackendTest : public BackendTest {
+class ExportBackendTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        connection_ = std::make_unique<OdbcConnection>(dataSource());
+    void prepare(const OdbcConnection &connection) override {
         std::u16string dbl = backend() == Backend::PostgreSQL ? u"DOUBLE PRECISION" : u"DOUBLE";
-        executeAll(*connection_,
+        executeAll(connection,
                    {u"CREATE TABLE people (id INTEGER PRIMARY KEY, name VARCHAR(60), note VARCHAR(200), amount " +
                         dbl + u", born DATE)",
                     u"INSERT INTO people VALUES (1, 'M\u00fcller; \"Ann\"', 'line one\nline two\twith tab', 12.5, "
@@ -31,10 +27,7 @@ protected:
                     u"INSERT INTO people VALUES (2, NULL, 'ends with \"', NULL, NULL)",
                     u"INSERT INTO people VALUES (3, '" + wideText() + u"', '', -3.25, '2024-02-29')"});
     }
-    // The ANSI SQLite driver carries no character outside the BMP, the servers do.
-    std::u16string wideText() const {
-        return backend() == Backend::SQLite ? u"Gr\u00fc\u00dfe \u20ac" : u"Gr\u00fc\u00dfe \U0001F600 \u00d8";
-    }
+    std::u16string wideText() const { return test::wideText(backend()); }
 
     // A state as the wizard leaves it for the people table: every field loaded, the
     // count of all records, the file in the scratch folder.
@@ -49,7 +42,6 @@ protected:
     }
     std::string fileText(const exporting::ExportWizardState &state) const { return fileBytes(state.fileName); }
 
-    std::unique_ptr<OdbcConnection> connection_;
     ScratchFolder scratch_;
 };
 

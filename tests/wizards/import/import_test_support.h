@@ -4,18 +4,9 @@
 #pragma once
 
 #include "rowset/row_set_test_support.h"
-#include "support/backend_test.h"
 #include "support/scoped_environment.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra_wizards.h"
 #include "wizards/import/resource_ids.h"
-
-#include <algorithm>
-#include <fstream>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 
@@ -56,14 +47,8 @@ inline std::vector<std::string> operator+(std::vector<std::string> first, const 
     return first;
 }
 
-class ImportTest : public BackendTest {
+class ImportTest : public ConnectedBackendTest {
 protected:
-    void SetUp() override {
-        BackendTest::SetUp();
-        if (IsSkipped() || HasFatalFailure()) return;
-        connection_ = std::make_unique<OdbcConnection>(dataSource());
-    }
-
     // Writes a file into the scratch folder; returns its name.
     std::u16string writeFile(const std::string &name, const std::string &bytes) const {
         std::ofstream(toUtf8(scratch_.file(name)), std::ios::binary | std::ios::trunc) << bytes;
@@ -80,8 +65,7 @@ protected:
     int32_t play(const std::vector<std::string> &lines) {
         ScriptedRun run;
         int32_t result = play(lines, run);
-        EXPECT_FALSE(run.failed());
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
         return result;
     }
     // The rows of a query whose names are quoted with '"' (backquotes on MariaDB).
@@ -92,7 +76,6 @@ protected:
 
     ScopedRegistryRoot registry_;
     ScratchFolder scratch_;
-    std::unique_ptr<OdbcConnection> connection_;
 };
 
 // A row as the test writes it: nullopt is NULL.

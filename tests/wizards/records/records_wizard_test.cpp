@@ -3,23 +3,13 @@
 // rows, the count on the summary or confirmation page, Finish; then the rows left or
 // changed are exactly those the condition selects and the statement hook saw the exact
 // statement. On the test driver an informational answer to the statement is a failure.
-#include "core/module/module_state.h"
-#include "core/resource_ids.h"
-#include "ostrel_hook.h"
+#include "catalog/catalog_test_support.h"
 #include "query/resource_ids.h"
-#include "support/backend_test.h"
-#include "support/script_lines.h"
-#include "support/scripted_run.h"
 #include "tabra.h"
 #include "wizards/records/resource_ids.h"
 #include "wizards/resource_ids.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstring>
-#include <string>
-#include <vector>
 
 namespace tabra::test {
 namespace {
@@ -29,33 +19,16 @@ using query::ids::kOperatorLabel;
 
 enum class Wizard { Delete, Update };
 
-// The statements the hook sees; change statements are refused when asked.
-struct Hook {
-    std::vector<std::u16string> statements;
-    bool refuseChanges = false;
-
-    static int32_t see(const char16_t *statement, void *context) {
-        auto *hook = static_cast<Hook *>(context);
-        hook->statements.emplace_back(statement);
-        bool change = hook->statements.back().starts_with(u"DELETE") || hook->statements.back().starts_with(u"UPDATE");
-        return hook->refuseChanges && change ? 2 : 1;
-    }
-    std::vector<std::u16string> changes() const {
-        std::vector<std::u16string> found;
-        for (const auto &s : statements)
-            if (!s.starts_with(u"SELECT")) found.push_back(s);
-        return found;
-    }
-    long counts() const {
-        return std::count_if(statements.begin(), statements.end(),
-                             [](const std::u16string &s) { return s.starts_with(u"SELECT Count(*)"); });
-    }
-};
-
-std::u16string resourceText(int32_t id) {
-    char16_t text[400] = {};
-    module::LoadTranslatedString(module::resourceLibrary(), id, text, 400);
-    return text;
+// The change statements among those the hook saw, and the record counts.
+std::vector<std::u16string> changes(const std::vector<std::u16string> &statements) {
+    std::vector<std::u16string> found;
+    for (const auto &s : statements)
+        if (!s.starts_with(u"SELECT")) found.push_back(s);
+    return found;
+}
+long counts(const std::vector<std::u16string> &statements) {
+    return std::count_if(statements.begin(), statements.end(),
+                         [](const std::u16string &s) { return s.starts_with(u"SELECT Count(*)"); });
 }
 
 // "dialog P: select C <operator label>"
@@ -213,10 +186,7 @@ int32_t runWizard(Wizard wizard, SQLHDBC connection, DbObjectInfo &object) {
                                     : Tabra_UpdateRecordsWizzard(connection, &object, 0);
 }
 
-class RecordsWizard : public BackendTest {
-protected:
-    ~RecordsWizard() override { Ostrel_SetStatementHook(nullptr, nullptr); }
-};
+class RecordsWizard : public BackendTest {};
 
 TEST_P(RecordsWizard, ScenariosChangeExactlyTheSelectedRecords) {
     OdbcConnection connection = connect();
@@ -225,22 +195,21 @@ TEST_P(RecordsWizard, ScenariosChangeExactlyTheSelectedRecords) {
     for (const Scenario &scenario : scenarios()) {
         SCOPED_TRACE(scenario.name);
         fillTables(connection);
-        Hook hook{{}, scenario.refuseChanges};
-        Ostrel_SetStatementHook(Hook::see, &hook);
+        RecordingHook hook(true, [&](const std::u16string &s) {
+            return scenario.refuseChanges && (s.starts_with(u"DELETE") || s.starts_with(u"UPDATE"));
+        });
         DbObjectInfo object = objectRecord(scenario.objectType);
         const DbObjectInfo before = object;
         ScriptedRun run;
         for (const auto &line : scenario.script) run.queue(line);
         EXPECT_EQ(runWizard(scenario.wizard, connection.handle(), object), scenario.result);
-        Ostrel_SetStatementHook(nullptr, nullptr);
-        EXPECT_FALSE(run.failed()) << run.report();
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
 
         std::u16string statement = scenario.statement ? scenario.statement : u"";
         std::replace(statement.begin(), statement.end(), u'"', quote.empty() ? u'"' : quote[0]);
-        EXPECT_EQ(hook.changes(), scenario.statement ? std::vector<std::u16string>{statement}
-                                                     : std::vector<std::u16string>{});
-        EXPECT_EQ(hook.counts(), scenario.counts);
+        EXPECT_EQ(changes(hook.statements), scenario.statement ? std::vector<std::u16string>{statement}
+                                                               : std::vector<std::u16string>{});
+        EXPECT_EQ(counts(hook.statements), scenario.counts);
         std::vector<int32_t> shown;
         for (const auto &message : run.records(TABRA_RECORD_MESSAGE)) shown.push_back(message.id);
         EXPECT_EQ(shown, scenario.messages);
@@ -294,13 +263,11 @@ TEST_F(RecordsWizardTestDriver, AnInformationalAnswerIsAFailure) {
         for (const auto &line : c.script) run.queue(line);
         DbObjectInfo object = objectRecord(TABRA_OBJECT_TABLE);
         EXPECT_EQ(runWizard(c.wizard, connection.handle(), object), 2);
-        EXPECT_FALSE(run.failed()) << run.report();
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
         EXPECT_TRUE(run.closedControlText(error, core::ids::kErrorDialog.statement)
                         .starts_with(c.wizard == Wizard::Delete ? u"DELETE from rw_orders" : u"UPDATE rw_orders SET"));
     }
-    auto open = testDriverStatementCounts();
-    EXPECT_EQ(open.open(), 0);
+    expectNoOpenStatements("informational answers");
 }
 
 } // namespace
