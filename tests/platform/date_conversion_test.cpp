@@ -226,7 +226,9 @@ TEST_F(DateConversion, WritersGiveTheirTextOrRefuse) {
         char16_t buffer[40] = u"untouched";
         const bool written = c.expected != nullptr && *c.expected != u'\0';
         EXPECT_EQ(c.write(&c.value, buffer, c.capacity), written ? 1 : 0);
-        if (c.expected) EXPECT_EQ(std::u16string(buffer), c.expected);
+        if (c.expected) {
+            EXPECT_EQ(std::u16string(buffer), c.expected);
+        }
     }
     char16_t buffer[32];
     EXPECT_EQ(DateTimeStruct_To_FormattedDate(nullptr, buffer, 32, 0), 0);
