@@ -4,6 +4,8 @@
 #include "catalog/catalog_test_support.h"
 #include "core/odbc/bound_column.h"
 #include "core/odbc/statement_runner.h"
+#include "core/resource_ids.h"
+#include "support/script_lines.h"
 
 namespace tabra::test {
 namespace {
@@ -58,15 +60,15 @@ TEST_F(StatementRunnerTest, PoliciesDecideWhatIsShownAndWhatCounts) {
         const int64_t rowsBefore = rowsOfRuns(connection);
         const auto countsBefore = testDriverStatementCounts();
         ScriptedRun run;
-        if (c.shownState != nullptr) run.queue("dialog 10025: click 1");
+        if (c.shownState != nullptr) run.queue(click(core::ids::kErrorDialog.id, IDOK));
         RecordingHook hook(c.hookAllows);
         EXPECT_EQ(StatementRunner(connection.handle(), kInsert, c.policy).run(), c.expected);
         EXPECT_EQ(hook.statements, std::vector<std::u16string>{kInsert});
         EXPECT_FALSE(run.failed()) << run.report();
         EXPECT_EQ(errorDialogsShown(run), c.shownState ? 1u : 0u);
         if (c.shownState != nullptr) {
-            EXPECT_EQ(run.closedControlText(10025, 2139), c.shownState);
-            EXPECT_EQ(run.closedControlText(10025, 1014), kInsert);
+            EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.state), c.shownState);
+            EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.statement), kInsert);
         }
         // One handle allocated (before the hook, also when it refuses), none left open.
         EXPECT_EQ(testDriverStatementCounts().allocated - countsBefore.allocated, 1);
@@ -84,7 +86,7 @@ TEST_F(StatementRunnerTest, AHandleThatCannotBeHadIsShownForTheConnection) {
     ASSERT_EQ(SQLAllocConnect(environment, &unconnected), SQL_SUCCESS);
     for (Reporting reporting : {Reporting::Shown, Reporting::Quiet}) {
         ScriptedRun run;
-        if (reporting == Reporting::Shown) run.queue("dialog 10025: click 1");
+        if (reporting == Reporting::Shown) run.queue(click(core::ids::kErrorDialog.id, IDOK));
         RecordingHook hook;
         EXPECT_EQ(StatementRunner(unconnected, kInsert, {.reporting = reporting, .tolerated = u"*"}).run(),
                   RunResult::Failed);
@@ -92,7 +94,7 @@ TEST_F(StatementRunnerTest, AHandleThatCannotBeHadIsShownForTheConnection) {
         EXPECT_FALSE(run.failed()) << run.report();
         EXPECT_EQ(errorDialogsShown(run), reporting == Reporting::Shown ? 1u : 0u);
         if (reporting == Reporting::Shown) {
-            EXPECT_EQ(run.closedControlText(10025, 2139), u"08003");
+            EXPECT_EQ(run.closedControlText(core::ids::kErrorDialog.id, core::ids::kErrorDialog.state), u"08003");
         }
     }
     SQLFreeConnect(unconnected);
