@@ -48,8 +48,10 @@ TEST_P(RowSetReaderTest, Utf8GivesTheUnitsOfTheWideFetch) {
         for (int i = 0; i < times; ++i) text += unit;
         return text;
     };
-    std::vector<std::u16string> texts{
-        std::u16string(4998, u'a') + u"\U0001F600b", // the pair falls on the cut
+    std::u16string cut(4998, u'a');
+    cut += u"\U0001F600b";
+    const std::vector<std::u16string> texts{
+        cut,                                           // the pair falls on the cut
         repeated(u"\u00e9", 5000),                    // two bytes each, one unit over
         repeated(u"\u20ac", 6000),                    // three bytes each, longer than the UTF-8 slot
         repeated(u"\U0001F600", 3000),                // four bytes, two units each

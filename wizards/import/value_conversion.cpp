@@ -83,35 +83,35 @@ std::optional<std::u16string> cleanedFor(int32_t type, std::u16string_view text)
     return type == TdtInteger ? cleanedInteger(text) : cleanedNumber(text);
 }
 
+// A conversion's result: nullopt is a failure, an empty text no value.
+std::optional<std::u16string> outcome(std::optional<std::u16string> value, bool &failed) {
+    failed = !value;
+    if (!value || value->empty()) return std::nullopt;
+    return value;
+}
+
 // The new value of a field, or nullopt (with failed set when that is a failure).
 std::optional<std::u16string> converted(const ImportField &field, std::u16string_view text,
                                         const ConversionRules &rules, bool &failed) {
-    std::optional<std::u16string> value;
     if (isText(field.sourceType) || isNumber(field.sourceType)) {
         if (isText(field.type)) {
             if (!field.valueFiles || rules.files == nullptr) return std::u16string(text);
             return rules.files->read(std::u16string(text), field.silentFiles);
         }
         if (isNumber(field.type)) {
-            if (isText(field.sourceType) && !rules.tableSource) value = fileNumber(text, rules.decimal);
-            else value = cleanedFor(field.type, platform::boundedPrefix(text, kTableNumberCapacity));
-        } else if (field.type == TdtDateTime && isText(field.sourceType)) {
-            value = userDateToTimestamp(text);
-        } else {
-            return std::nullopt;
+            if (isText(field.sourceType) && !rules.tableSource) return outcome(fileNumber(text, rules.decimal), failed);
+            return outcome(cleanedFor(field.type, platform::boundedPrefix(text, kTableNumberCapacity)), failed);
         }
-    } else if (field.sourceType == TdtDateTime) {
-        if (isText(field.type)) value = dateAsText(text);
-        else if (field.type == TdtDateTime) {
-            if (auto date = fromTimestamp(text)) value = toTimestamp(*date);
-        }
-        else return std::nullopt;
-    } else {
+        if (field.type == TdtDateTime && isText(field.sourceType)) return outcome(userDateToTimestamp(text), failed);
         return std::nullopt;
     }
-    failed = !value;
-    if (value && value->empty()) value.reset();
-    return value;
+    if (field.sourceType == TdtDateTime) {
+        if (isText(field.type)) return outcome(dateAsText(text), failed);
+        if (field.type != TdtDateTime) return std::nullopt;
+        auto date = fromTimestamp(text);
+        return outcome(date ? toTimestamp(*date) : std::nullopt, failed);
+    }
+    return std::nullopt;
 }
 
 } // namespace
