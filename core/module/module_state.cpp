@@ -1,6 +1,7 @@
 // The module's lifetime: what happens when libtabra.so is loaded and unloaded.
 #include "core/module/module_state.h"
 
+#include "core/connection/installer_library.h"
 #include "core/module/character_type.h"
 #include "ostrel_lts.h"
 #include "platform/resources/library_image.h"
@@ -41,6 +42,7 @@ void attachProcess() {
 
 __attribute__((constructor)) void libraryLoaded() {
     coerceCharacterType();
+    connection::holdInstallerLibrary(); // for every connection the process makes, ours or the host's
     moduleEntryPoint(ProcessAttach);
 }
 __attribute__((destructor)) void libraryUnloaded() { moduleEntryPoint(ProcessDetach); }

@@ -3,7 +3,6 @@
 #include "support/test_configuration.h"
 #include "support/test_text.h"
 
-#include <dlfcn.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -39,15 +38,6 @@ const std::vector<StandardDataSource> &standardDataSources() {
     return sources;
 }
 
-// unixODBC's libodbcinst caches what it reads from the ini files. The SQLite3 driver
-// loads that library for each lookup and unloads it again, which orphans the cache
-// (a leak in third-party code, reported at the end of every test that connects).
-// Holding the library loaded for the whole process keeps the cache reachable.
-void keepOdbcInstallerLibraryLoaded() {
-    static void *const library = dlopen("libodbcinst.so.2", RTLD_NOW | RTLD_LOCAL);
-    (void)library;
-}
-
 void removeIfPresent(const std::filesystem::path &file) {
     std::error_code ignored;
     std::filesystem::remove(file, ignored);
@@ -62,7 +52,6 @@ PrivateDataSources &PrivateDataSources::instance() {
 
 PrivateDataSources::PrivateDataSources() : owner_(getpid()) {
     directory_ = scratchRoot() / ("process-" + std::to_string(getpid()));
-    keepOdbcInstallerLibraryLoaded();
     std::filesystem::remove_all(directory_);
     std::filesystem::create_directories(directory_);
     database_ = directory_ / "database.sqlite";

@@ -14,7 +14,6 @@
 
 #include <tabra.h>
 
-#include <dlfcn.h>
 #include <langinfo.h>
 #include <sql.h>
 #include <sqlext.h>
@@ -95,15 +94,6 @@ std::optional<Options> parseOptions(int argc, char **argv) {
 
 // The driver manager converts the text of ANSI drivers (SQLite3) through the
 // character type of the process: it must be UTF-8, or non-ASCII names are lost.
-// The SQLite3 driver loads unixODBC's installer library (libodbcinst) for each data
-// source lookup and unloads it again, which orphans the cache that library keeps of
-// the ini files: memory lost once per lookup, which leak checkers report. Held loaded
-// for the whole run, the cache stays reachable.
-void keepOdbcInstallerLibraryLoaded() {
-    static void *const library = dlopen("libodbcinst.so.2", RTLD_NOW | RTLD_LOCAL);
-    (void)library;
-}
-
 void useUtf8CharacterType() {
     std::setlocale(LC_ALL, "");
     const char *codeset = nl_langinfo(CODESET);
@@ -300,7 +290,6 @@ int main(int argc, char **argv) {
         return 2;
     }
     useUtf8CharacterType();
-    keepOdbcInstallerLibraryLoaded();
 
     char16_t version[32] = {};
     Tabra_GetVersion(version, 32);
