@@ -27,18 +27,18 @@
 
 namespace {
 
-using tabra::bench::BenchConnection;
-using tabra::bench::env;
-using tabra::bench::wide;
+using bench::ascii;
+using bench::Connection;
+using bench::environment;
 
 namespace add_records = tabra::wizards::add_records;
 
 constexpr int64_t kRows = 100000;
 
 std::string sqliteFile() {
-    return (env("TABRA_BENCH_IMPORT_DIR").empty() ? "/tmp" : env("TABRA_BENCH_IMPORT_DIR")) + "/add-records-bench.db";
+    std::string folder = environment("TABRA_BENCH_IMPORT_DIR");
+    return (folder.empty() ? "/tmp" : folder) + "/add-records-bench.db";
 }
-
 
 struct Backend {
     const char *prefix; // of the environment variables; null for SQLite
@@ -48,16 +48,19 @@ constexpr Backend kSqlite{nullptr, "DOUBLE"};
 constexpr Backend kPostgres{"TABRA_BENCH_PG_", "DOUBLE PRECISION"};
 constexpr Backend kMariaDb{"TABRA_BENCH_MARIADB_", "DOUBLE"};
 
-std::string variable(const Backend &backend, const char *name) { return env((std::string(backend.prefix) + name).c_str()); }
+std::string variable(const Backend &backend, const char *name) {
+    return environment((std::string(backend.prefix) + name).c_str());
+}
 
-std::unique_ptr<BenchConnection> connect(const Backend &backend) {
+std::unique_ptr<Connection> connect(const Backend &backend) {
     if (backend.prefix == nullptr)
-        return std::make_unique<BenchConnection>(
-            wide("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()), SQL_OV_ODBC2);
+        return std::make_unique<Connection>(
+            ascii("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()), false);
     if (variable(backend, "DSN").empty()) return nullptr;
-    return std::make_unique<BenchConnection>(wide("DSN=" + variable(backend, "DSN") + ";UID=" +
-                                                  variable(backend, "USER") + ";PWD=" + variable(backend, "PASSWORD")),
-                                             SQL_OV_ODBC2);
+    return std::make_unique<Connection>(
+        ascii("DSN=" + variable(backend, "DSN") + ";UID=" + variable(backend, "USER") + ";PWD=" +
+              variable(backend, "PASSWORD")),
+        false);
 }
 
 // The source tables in PostgreSQL, made once: every row, and every second one.
@@ -73,7 +76,7 @@ bool makeSource() {
     source->run(u"INSERT INTO bench_ar_source SELECT i, 'name ' || i, 'city ' || (i % 1000), i * 1.25, "
                 u"DATE '2000-01-01' + (i % 9000), 'a longer text for row ' || i || ', with a few more words than "
                 u"the other columns have' FROM generate_series(1, " +
-                wide(std::to_string(kRows)) + u") AS i");
+                ascii(std::to_string(kRows)) + u") AS i");
     source->run(u"CREATE VIEW bench_ar_even AS SELECT * FROM bench_ar_source WHERE id % 2 = 0");
     made = source->count(u"bench_ar_source") == kRows;
     return made;
@@ -86,9 +89,9 @@ add_records::CopyOutcome copy(SQLHDBC destination, const char16_t *sourceTable, 
     std::u16string table = u"bench_ar_dest";
     table.copy(wizard.object.DbObjectName, table.size());
     DataSourceInfo record{};
-    wide(variable(kPostgres, "DSN")).copy(record.DataSourceName, 99);
-    wide(variable(kPostgres, "USER")).copy(record.UserId, 49);
-    wide(variable(kPostgres, "PASSWORD")).copy(record.Password, 49);
+    ascii(variable(kPostgres, "DSN")).copy(record.DataSourceName, 99);
+    ascii(variable(kPostgres, "USER")).copy(record.UserId, 49);
+    ascii(variable(kPostgres, "PASSWORD")).copy(record.Password, 49);
     if (!wizard.source.open(record)) return {};
     wizard.sourceTable = sourceTable;
     if (!add_records::buildFields(wizard)) return {};
@@ -107,7 +110,7 @@ void addRecords(benchmark::State &state, const Backend &backend, bool byIds) {
         state.PauseTiming();
         connection->run(u"DROP TABLE IF EXISTS bench_ar_dest");
         connection->run(u"CREATE TABLE bench_ar_dest (id INTEGER, name VARCHAR(255), city VARCHAR(255), amount " +
-                        wide(backend.numberType) + u", day DATE, note VARCHAR(255))");
+                        ascii(backend.numberType) + u", day DATE, note VARCHAR(255))");
         connection->run(u"CREATE INDEX bench_ar_dest_id ON bench_ar_dest (id)");
         if (byIds && copy(connection->handle(), u"bench_ar_even", false).rowsKept != kRows / 2)
             return state.SkipWithError("the even rows did not arrive");

@@ -15,6 +15,8 @@
 //   TABRA_BENCH_ROWSET_DIR         where the files go (default: the temp folder)
 #pragma once
 
+#include "bench/bench_connection.h"
+
 #include <sql.h>
 #include <sqlext.h>
 #include <sys/resource.h>
@@ -37,13 +39,6 @@
 namespace bench {
 
 inline constexpr const char *kColumns = "id, name, city, amount, day, note";
-
-inline std::u16string ascii(const std::string &text) { return std::u16string(text.begin(), text.end()); }
-inline SQLWCHAR *sqlText(std::u16string &text) { return reinterpret_cast<SQLWCHAR *>(text.data()); }
-inline std::string environment(const char *name) {
-    const char *value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 
 inline std::string benchFolder() {
     const char *folder = std::getenv("TABRA_BENCH_ROWSET_DIR");
@@ -78,34 +73,6 @@ inline long resetPeak() {
 inline void reportPeak(benchmark::State &state, long startKiB) {
     state.counters["peak_growth_MiB"] = static_cast<double>(statusKiB("VmHWM:") - startKiB) / 1024.0;
 }
-
-// A connection for one backend, through the driver manager as the library uses it.
-class Connection {
-public:
-    Connection(std::u16string text, bool byName, std::u16string user = u"", std::u16string password = u"") {
-        std::setlocale(LC_CTYPE, "C.UTF-8");
-        SQLAllocEnv(&environment_);
-        SQLAllocConnect(environment_, &connection_);
-        SQLRETURN rc;
-        if (byName)
-            rc = SQLConnectW(connection_, sqlText(text), SQL_NTS, user.empty() ? nullptr : sqlText(user), SQL_NTS,
-                             password.empty() ? nullptr : sqlText(password), SQL_NTS);
-        else
-            rc = SQLDriverConnectW(connection_, nullptr, sqlText(text), SQL_NTS, nullptr, 0, nullptr,
-                                   SQL_DRIVER_NOPROMPT);
-        if (!SQL_SUCCEEDED(rc)) throw std::runtime_error("cannot connect to the bench database");
-    }
-    ~Connection() {
-        SQLDisconnect(connection_);
-        SQLFreeConnect(connection_);
-        SQLFreeEnv(environment_);
-    }
-    SQLHDBC handle() const { return connection_; }
-
-private:
-    SQLHENV environment_ = SQL_NULL_HENV;
-    SQLHDBC connection_ = SQL_NULL_HDBC;
-};
 
 // The SQLite file through its driver; options such as "StepAPI=1" are appended.
 inline std::unique_ptr<Connection> sqliteConnection(const std::string &options = "") {

@@ -34,9 +34,9 @@
 
 namespace {
 
-using tabra::bench::BenchConnection;
-using tabra::bench::env;
-using tabra::bench::wide;
+using bench::ascii;
+using bench::Connection;
+using bench::environment;
 
 namespace importing = tabra::wizards::importing;
 
@@ -47,7 +47,10 @@ constexpr int64_t kRawRowsSqlite = 2000;
 constexpr const char *kCreateColumns =
     "(id INTEGER, name VARCHAR(255), city VARCHAR(255), amount %s, day %s, note VARCHAR(255))";
 
-std::string folder() { return env("TABRA_BENCH_IMPORT_DIR").empty() ? "/tmp" : env("TABRA_BENCH_IMPORT_DIR"); }
+std::string folder() {
+    std::string folder = environment("TABRA_BENCH_IMPORT_DIR");
+    return folder.empty() ? "/tmp" : folder;
+}
 std::string textFile() { return folder() + "/import-bench.txt"; }
 std::string sqliteFile() { return folder() + "/import-bench.db"; }
 
@@ -78,27 +81,29 @@ constexpr Backend kSqlite{"SQLite", "DOUBLE", "DATE"};
 constexpr Backend kPostgres{"PostgreSQL", "DOUBLE PRECISION", "DATE"};
 constexpr Backend kMariaDb{"MariaDB", "DOUBLE", "DATE"};
 
-std::unique_ptr<BenchConnection> connect(const Backend &backend) {
+std::unique_ptr<Connection> connect(const Backend &backend) {
     if (&backend == &kSqlite)
-        return std::make_unique<BenchConnection>(
-            wide("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()));
+        return std::make_unique<Connection>(
+            ascii("DRIVER=" TABRA_BENCH_SQLITE3_DRIVER ";Database=" + sqliteFile()), false, u"", u"",
+            SQL_OV_ODBC3);
     std::string prefix = &backend == &kPostgres ? "TABRA_BENCH_PG_" : "TABRA_BENCH_MARIADB_";
-    if (env((prefix + "DSN").c_str()).empty()) return nullptr;
-    return std::make_unique<BenchConnection>(wide("DSN=" + env((prefix + "DSN").c_str()) + ";UID=" +
-                                             env((prefix + "USER").c_str()) + ";PWD=" +
-                                             env((prefix + "PASSWORD").c_str())));
+    auto variable = [&](const char *name) { return environment((prefix + name).c_str()); };
+    if (variable("DSN").empty()) return nullptr;
+    return std::make_unique<Connection>(
+        ascii("DSN=" + variable("DSN") + ";UID=" + variable("USER") + ";PWD=" + variable("PASSWORD")), false,
+        u"", u"", SQL_OV_ODBC3);
 }
 
 std::u16string createStatement(const Backend &backend, const char *table) {
     char columns[200];
     std::snprintf(columns, sizeof columns, kCreateColumns, backend.numberType, backend.dateType);
-    return wide(std::string("CREATE TABLE ") + table + " " + columns);
+    return ascii(std::string("CREATE TABLE ") + table + " " + columns);
 }
 
 // Rows per second and whether every row arrived.
-void finish(benchmark::State &state, const BenchConnection &connection, const char *table, int64_t rows) {
+void finish(benchmark::State &state, const Connection &connection, const char *table, int64_t rows) {
     state.SetItemsProcessed(state.iterations() * rows);
-    state.counters["rows_arrived"] = static_cast<double>(connection.count(wide(table)));
+    state.counters["rows_arrived"] = static_cast<double>(connection.count(ascii(table)));
 }
 
 void libraryImport(benchmark::State &state, const Backend &backend) {
@@ -112,7 +117,7 @@ void libraryImport(benchmark::State &state, const Backend &backend) {
         importing::ImportWizardState wizard;
         wizard.connection = connection->handle();
         wizard.sourceKind = importing::ids::kSourceKindPage.textFile;
-        wizard.textFile = wide(textFile());
+        wizard.textFile = ascii(textFile());
         wizard.textFormat.decimalKind = importing::ids::kTextFilePage.decimalPoint;
         if (!importing::readFieldsIfChanged(wizard)) return state.SkipWithError("the file's fields");
         const int32_t types[] = {TdtInteger, TdtVarText, TdtVarText, TdtNumber, TdtDateTime, TdtVarText};
@@ -147,7 +152,7 @@ void rawInsertLoop(benchmark::State &state, const Backend &backend) {
                 values += (field > 0 ? "," : "") + (field == 0 || field == 3 ? value : "'" + value + "'");
                 start = end + 1;
             }
-            if (!connection->run(wide("INSERT INTO bench_import_raw (id,name,city,amount,day,note) VALUES (" +
+            if (!connection->run(ascii("INSERT INTO bench_import_raw (id,name,city,amount,day,note) VALUES (" +
                                       values + ")")))
                 return state.SkipWithError("an INSERT failed");
         }
