@@ -75,8 +75,7 @@ class ChooserRun {
 public:
     int32_t choose(DbObjectDialogRequest &request) {
         int32_t result = Tabra_DbObjectDialog(&request);
-        EXPECT_FALSE(run.failed());
-        EXPECT_EQ(run.pending(), 0);
+        expectPlayed(run);
         return result;
     }
     void look() { run.queueCallback(kChooserDialog.id, lookAtChooser, &seen); }

@@ -108,12 +108,6 @@ inline void expectNothingShown(const ScriptedRun &run) {
     EXPECT_TRUE(run.records(TABRA_RECORD_DIALOG_OPENED, core::ids::kErrorDialog.id).empty());
 }
 
-// A scripted run that used all its lines without a failure.
-inline void expectPlayed(const ScriptedRun &run) {
-    EXPECT_FALSE(run.failed()) << run.report();
-    EXPECT_EQ(run.pending(), 0) << run.report();
-}
-
 // The test driver's statement handles: none may be left open after an operation.
 inline void expectNoOpenStatements(const char *what) {
     EXPECT_EQ(testDriverStatementCounts().open(), 0) << what;

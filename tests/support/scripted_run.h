@@ -75,4 +75,10 @@ public:
     }
 };
 
+// A scripted run that used all its lines without a failure.
+inline void expectPlayed(const ScriptedRun &run) {
+    EXPECT_FALSE(run.failed()) << run.report();
+    EXPECT_EQ(run.pending(), 0) << run.report();
+}
+
 } // namespace tabra::test
